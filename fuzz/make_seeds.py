@@ -1,0 +1,143 @@
+#!/usr/bin/env python3
+"""Writes the seeds of the two disk targets into fuzz/corpus from the images of tests/data.
+
+A seed holds the sectors of a disk that say where things are (allocation tables, directories,
+file descriptors) and no contents. No image here is a FLEX disk, so one is made from the format's
+tables.
+"""
+import pathlib
+import struct
+
+FUZZ = pathlib.Path(__file__).resolve().parent
+DATA = FUZZ.parent / "tests" / "data"
+SECTOR = 256
+
+
+def save(target, name, data):
+    folder = FUZZ / "corpus" / target
+    folder.mkdir(parents=True, exist_ok=True)
+    (folder / name).write_bytes(data)
+
+
+def sector(image, number):
+    return image[number * SECTOR:(number + 1) * SECTOR]
+
+
+def pieces(image, wanted, fill=0):
+    """The input of disk_sectors_fuzzer for these sectors; runs of the filler are left out."""
+    out = bytearray(struct.pack("<HB", len(image) // SECTOR - 1, fill))
+    for number in wanted:
+        data = sector(image, number)
+        used = len(data.rstrip(bytes([fill])))
+        for start in range(0, used, 128):
+            part = data[start:min(start + 128, used)]
+            if part.strip(bytes([fill])):
+                out += struct.pack("<HBB", number, start, len(part)) + part
+    return bytes(out)
+
+
+def cut_down(image, wanted):
+    """The image up to the last sector wanted, with zeros in all others."""
+    out = bytearray((max(wanted) + 1) * SECTOR)
+    for number in wanted:
+        out[number * SECTOR:(number + 1) * SECTOR] = sector(image, number)
+    return bytes(out)
+
+
+def decb_sectors(image):
+    return list(range(17 * 18 + 1, 17 * 18 + 11))
+
+
+def dragon_sectors(image):
+    used = [20 * 18, 20 * 18 + 1]
+    for number in range(20 * 18 + 2, 20 * 18 + 18):
+        if sector(image, number).strip(b"\x00\x89"):
+            used.append(number)
+    return used
+
+
+def os9_sectors(image):
+    """LSN 0, the map, and every descriptor and directory that can be reached from the root."""
+    found = {0}
+    bitmap = struct.unpack(">H", image[4:6])[0]
+    found.update(range(1, 1 + (bitmap + SECTOR - 1) // SECTOR))
+    todo = [int.from_bytes(image[8:11], "big")]
+    while todo:
+        lsn = todo.pop()
+        if lsn in found or lsn * SECTOR >= len(image):
+            continue
+        found.add(lsn)
+        descriptor = sector(image, lsn)
+        if not descriptor[0] & 0x80:
+            continue
+        left = struct.unpack(">I", descriptor[9:13])[0]
+        for at in range(16, 256, 5):
+            start = int.from_bytes(descriptor[at:at + 3], "big")
+            for number in range(start, start + int.from_bytes(descriptor[at + 3:at + 5], "big")):
+                if left <= 0:
+                    break
+                found.add(number)
+                for entry in range(0, min(SECTOR, left), 32):
+                    row = sector(image, number)[entry:entry + 32]
+                    if row[0] and row[0] not in (0x2E, 0xAE):
+                        todo.append(int.from_bytes(row[29:32], "big"))
+                left -= SECTOR
+    return sorted(found)
+
+
+def flex_image():
+    """35 tracks of 10 sectors; a directory of two sectors, two files, one of them deleted."""
+    image = bytearray(350 * SECTOR)
+
+    def put(track, number, data):
+        at = (track * 10 + number - 1) * SECTOR
+        image[at:at + len(data)] = data
+
+    record = bytearray(SECTOR)
+    record[16:26] = b"LANTERN\0\0\0"
+    record[26:40] = bytes([0, 1, 2, 1, 34, 10, 1, 0, 9, 5, 4, 86, 34, 10])
+    put(0, 3, record)
+    rows = bytearray(240)
+    rows[0:24] = b"WICK\0\0\0\0TXT" + bytes([0, 0, 1, 1, 1, 2, 0, 2, 0, 5, 4, 86, 0])
+    rows[24:48] = b"\xc1MP\0\0\0\0\0BIN" + bytes([0, 0, 1, 3, 1, 3, 0, 1, 2, 5, 4, 86, 0])
+    put(0, 5, bytes([0, 6]) + bytes(14) + rows)
+    put(0, 6, bytes([0, 0]))
+    put(1, 1, bytes([1, 2, 0, 1]) + b"A" * 252)
+    put(1, 2, bytes([0, 0, 0, 2]) + b"B" * 100)
+    put(1, 3, bytes([0, 0, 0, 1]) + b"C" * 252)
+    return bytes(image)
+
+
+def main():
+    for path in sorted(DATA.glob("decb*/*.dsk")):
+        image = path.read_bytes()
+        if len(image) % SECTOR == 0:
+            save("disk_sectors_fuzzer", f"{path.stem}", pieces(image, decb_sectors(image)))
+    for path in sorted(DATA.glob("dragon/*.dsk")) + sorted(DATA.glob("dragon/*.vdk")):
+        image = path.read_bytes()
+        image = image[len(image) % SECTOR:]
+        save("disk_sectors_fuzzer", path.stem, pieces(image, dragon_sectors(image)))
+    for path in sorted(DATA.glob("os9/*.dsk")):
+        image = path.read_bytes()
+        save("disk_sectors_fuzzer", path.stem, pieces(image, os9_sectors(image)))
+    flex = flex_image()
+    save("disk_sectors_fuzzer", "flex", pieces(flex, [2, 4, 5, 10, 11, 12]))
+
+    loop = (DATA / "decb-damaged/loop.dsk").read_bytes()
+    dragon = (DATA / "dragon/dragon40-ss-frag.vdk").read_bytes()
+    named = (DATA / "dragon/dragon40-ss-named.vdk").read_bytes()
+    os9 = (DATA / "os9/os9-40x1-dragonboot.dsk").read_bytes()
+    dmk = (DATA / "decb/decb35-imgtool.dmk").read_bytes()
+    save("read_disk_fuzzer", "decb-loop", cut_down(loop, decb_sectors(loop)))
+    save("read_disk_fuzzer", "decb-ends-in-the-directory", cut_down(loop, [307, 308])[:-100])
+    save("read_disk_fuzzer", "vdk", dragon[:12] + cut_down(dragon[12:], dragon_sectors(dragon[12:])))
+    save("read_disk_fuzzer", "vdk-header-alone", named[:43])
+    save("read_disk_fuzzer", "os9", os9)
+    save("read_disk_fuzzer", "flex", flex[:13 * SECTOR])
+    save("read_disk_fuzzer", "dmk-two-tracks", dmk[:16 + 2 * 6400])
+    save("read_disk_fuzzer", "jvc-in-vdk", b"dk\x14\0" + bytes(7) + b"\x40" + b"TAPE.JVC"
+         + bytes([18, 1, 1, 1, 0]) + bytes(2 * SECTOR))
+    save("read_disk_fuzzer", "one-sector", bytes(SECTOR))
+
+
+main()

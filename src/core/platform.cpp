@@ -1,0 +1,40 @@
+#include "core/platform.h"
+
+namespace brindlemoor {
+
+namespace {
+
+Answer DecliningAnswer(Buttons buttons) {
+    switch (buttons) {
+        case Buttons::Ok:
+            return Answer::Ok;
+        case Buttons::YesNo:
+            return Answer::No;
+        default:
+            return Answer::Cancel;
+    }
+}
+
+}  // namespace
+
+PlatformTable SilentPlatform() {
+    PlatformTable table;
+    table.ShowMessage = [](const std::string&, const std::string&, Buttons buttons, MessageIcon) {
+        return DecliningAnswer(buttons);
+    };
+    table.AskText = [](const std::string&, const std::string&, const std::string&) {
+        return std::string();
+    };
+    table.ShowModal = [](const std::string&) {};
+    table.PopupMenu = [](const std::string&) {};
+    table.OpenWebPage = [](const std::string&) { return false; };
+    table.StartProgram = [](const std::string&, const std::vector<std::string>&) { return false; };
+    table.ListDrives = [] { return std::vector<DriveEntry>(); };
+    table.CloseMainWindow = [] {};
+    table.EndProgram = [] {};
+    return table;
+}
+
+PlatformTable Platform = SilentPlatform();
+
+}  // namespace brindlemoor

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace brindlemoor {
+
+/// The buttons of a message box, and the one that was pressed.
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
+enum class Answer { Ok, Cancel, Yes, No };
+enum class MessageIcon { None, Question, Exclamation, Critical };
+
+/// One entry of the drive list: the path that it leads to, and what the list shows.
+struct DriveEntry {
+    std::string Path;
+    std::string Label;
+};
+
+/// What the program asks of its surroundings. Every entry stands ready with an answer that harms
+/// nothing (the first button that declines, an empty text), so that the logic runs without a
+/// window; the window shell and the test script put their own in.
+struct PlatformTable {
+    /// Shows a modal message box and returns the button pressed. Texts are Windows-1252, their
+    /// line breaks CR LF.
+    std::function<Answer(const std::string& text, const std::string& title, Buttons buttons,
+                         MessageIcon icon)>
+        ShowMessage;
+
+    /// Asks for a line of text; empty when the user gave up.
+    std::function<std::string(const std::string& prompt, const std::string& title,
+                              const std::string& suggestion)>
+        AskText;
+
+    /// Shows the window of that name, and returns when it was closed.
+    std::function<void(const std::string& window)> ShowModal;
+
+    /// Shows the popup menu of that name of the main window at the pointer, runs the click routine
+    /// of the item chosen, and returns when the menu is gone.
+    std::function<void(const std::string& menu)> PopupMenu;
+
+    /// Opens a page of the web in the user's browser. False when that is not possible.
+    std::function<bool(const std::string& address)> OpenWebPage;
+
+    /// Starts a program with its arguments, without waiting. False when it cannot be started.
+    std::function<bool(const std::string& program, const std::vector<std::string>& arguments)>
+        StartProgram;
+
+    /// The drives of the PC, or what stands for them.
+    std::function<std::vector<DriveEntry>()> ListDrives;
+
+    /// Closes the main window, as its own close button does.
+    std::function<void()> CloseMainWindow;
+
+    /// Ends the program at once; the window's closing routine does not run.
+    std::function<void()> EndProgram;
+};
+
+extern PlatformTable Platform;
+
+/// A table whose entries all give the answer that harms nothing.
+PlatformTable SilentPlatform();
+
+}  // namespace brindlemoor

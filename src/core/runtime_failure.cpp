@@ -1,0 +1,34 @@
+#include "core/runtime_failure.h"
+
+namespace brindlemoor {
+
+std::string FailureText(int number) {
+    switch (number) {
+        case kInvalidCall:
+            return "Invalid procedure call or argument";
+        case kOverflow:
+            return "Overflow";
+        case kOutOfMemory:
+            return "Out of memory";
+        case kIndexRange:
+            return "Subscript out of range";
+        case kDivisionByZero:
+            return "Division by zero";
+        case kTypeMismatch:
+            return "Type mismatch";
+        case kControlNotFound:
+            return "Control not found";
+        default:
+            return "Application-defined or object-defined error";
+    }
+}
+
+void Fail(int number) {
+    throw RuntimeFailure{number, FailureText(number)};
+}
+
+std::string ErrorBoxText(const RuntimeFailure& failure) {
+    return "Run-time error '" + std::to_string(failure.Number) + "':\r\n\r\n" + failure.Text;
+}
+
+}  // namespace brindlemoor

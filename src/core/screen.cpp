@@ -1,0 +1,37 @@
+#include "core/screen.h"
+
+namespace brindlemoor {
+
+ScreenTable NoScreen() {
+    using Text = const std::string&;
+    using Texts = const std::vector<std::string>&;
+    ScreenTable table;
+    table.FillDirectoryGrid = [] {};
+    table.PaintTrackBlock = [](int) {};
+    table.DrawSectorMap = [](int) {};
+    table.ShowSectorPlace = [](int, int) {};
+    table.ShowGranuleField = [](bool) {};
+    table.ShowModified = [] {};
+    table.GiveUpColumnSort = [] {};
+    table.EditFat = [] {};
+    table.PcListFolder = [] { return std::string(); };
+    table.PcListName = [] { return std::string(); };
+    table.SetFilePath = [](Text) {};
+    table.PathDskText = [] { return std::string(); };
+    table.SetPathDsk = [](Text) {};
+    table.ViewFile = [](int, int) {};
+    table.SetCaptionAndTag = [](Text, Text) {};
+    table.SetListItems = [](Text, Texts) {};
+    table.SetMenuItems = [](Text, Texts) {};
+    table.SetLanguageMenu = [](Texts, Texts, Text) {};
+    table.SetControlIndex = [](Text, int) {};
+    table.SetControlText = [](Text, Text) {};
+    table.SetAlternateRowColour = [](std::int32_t) {};
+    table.SetGridHeaders = [] {};
+    return table;
+}
+
+ScreenTable Screen = NoScreen();
+bool WindowBusy = false;
+
+}  // namespace brindlemoor

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace brindlemoor {
+
+/// `length` bytes of the open image from the first byte of the 0-based logical sector `lsn` on:
+/// fewer where the image ends before them. A negative sector or length fails with 5.
+std::string SectorBytes(std::int64_t lsn, std::int64_t length = 256);
+
+/// More bytes than this, gathered for the files of one disk, are a damaged or hostile disk whose
+/// files lie over each other again and again.
+inline constexpr std::int64_t kMostGatheredBytes = 512LL * 1024 * 1024;
+
+/// Begins the count of gathered bytes anew: another disk is read.
+void ResetGatheredBytes();
+
+/// Appends `length` bytes of the open image from the 0-based `offset` on to `content`; fewer where
+/// the image ends before them. Fails with 7 when the files of the disk grow past
+/// `kMostGatheredBytes`, and with 5 on a negative offset or length.
+void GatherBytes(std::string& content, std::int64_t offset, std::int64_t length);
+
+/// The 0-based offset in the image of sector `sector` (from 1) of track `track` (from 0) on a disk
+/// of `sectorsPerTrack` sectors.
+constexpr std::int64_t SectorOffset(int track, int sector, int sectorsPerTrack) {
+    return (static_cast<std::int64_t>(track) * sectorsPerTrack + sector - 1) * 256;
+}
+
+/// Shows a message of the disk check with its OK button.
+void ShowDiskMessage(const std::string& text);
+
+}  // namespace brindlemoor

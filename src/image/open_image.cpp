@@ -1,0 +1,121 @@
+#include "image/open_image.h"
+
+#include <string>
+#include <utility>
+
+#include "core/byte_helpers.h"
+#include "core/disk_state.h"
+#include "core/platform.h"
+#include "core/runtime_failure.h"
+#include "core/screen.h"
+#include "image/pc_file.h"
+#include "image/read_disk.h"
+
+namespace brindlemoor {
+
+namespace {
+
+/// The shortest image with a DECB directory track: 17 tracks of 18 sectors of 256 bytes.
+constexpr std::size_t kShortestImage = 78336;
+
+/// The open disk, set aside while another is read.
+struct SetAside {
+    DiskState State;
+    DirectoryTable Rows;
+    std::string PathDsk;
+};
+
+/// Sets the open disk aside without copying its image or its files.
+SetAside SetDiskAside() {
+    SetAside aside;
+    std::string image = std::move(Disk.ImageBytes);
+    std::string file = std::move(Disk.ImageOnOpen);
+    std::string viewed = std::move(Disk.PcFileBytes);
+    aside.State = Disk;
+    aside.State.ImageBytes = std::move(image);
+    aside.State.ImageOnOpen = std::move(file);
+    Disk.PcFileBytes = std::move(viewed);
+    aside.Rows.Swap(DirTable);
+    aside.PathDsk = Screen.PathDskText();
+    return aside;
+}
+
+void BringDiskBack(SetAside& aside) {
+    std::string viewed = std::move(Disk.PcFileBytes);
+    std::string viewedType = std::move(Disk.PcFileTypeText);
+    Disk = std::move(aside.State);
+    Disk.PcFileBytes = std::move(viewed);
+    Disk.PcFileTypeText = std::move(viewedType);
+    DirTable.Swap(aside.Rows);
+    Screen.SetPathDsk(aside.PathDsk);
+    Screen.PaintTrackBlock(-1);
+    Screen.FillDirectoryGrid();
+    Screen.DrawSectorMap(-1);
+}
+
+/// The last three letters of a name, in upper case.
+std::string ShortExtension(const std::string& name) {
+    return UpperCase(Right(name, 3));
+}
+
+/// A plain search: the three letters need not be a whole extension.
+bool LooksLikeImage(const std::string& name) {
+    static const std::string kImageExtensions = ".DSK.VDK.OS9.VHD.DMK";
+    return kImageExtensions.find(ShortExtension(name)) != std::string::npos;
+}
+
+/// Asks whether unsaved changes may be lost, if there are any.
+bool MayLeaveDisk() {
+    if (Disk.ImageModified == 0) return true;
+    const Answer answer = Platform.ShowMessage(MessageText(4), Disk.AppTitle, Buttons::OkCancel,
+                                               MessageIcon::Question);
+    if (answer != Answer::Ok) return false;
+    Disk.ImageModified = 0;
+    return true;
+}
+
+void ShowNewDisk(const std::string& folder, const std::string& name, const std::string& path) {
+    Disk.ImageBytes = Disk.PcFileBytes;
+    Disk.ImageOnOpen = Disk.PcFileBytes;
+    Disk.ImageFolder = folder;
+    Disk.DiskName = name;
+    Screen.SetPathDsk(path);
+    Screen.GiveUpColumnSort();
+    ReadDisk();
+    Screen.PaintTrackBlock(-1);
+    Screen.FillDirectoryGrid();
+    Screen.DrawSectorMap(-1);
+}
+
+}  // namespace
+
+void OpenImageFromList() {
+    const std::string folder = Screen.PcListFolder();
+    const std::string name = Screen.PcListName();
+    const std::string path = JoinPath(folder, name);
+    Screen.SetFilePath(path);
+    std::string source = path;
+    std::string bytes;
+    const bool loaded = LoadPcFile("A", source, bytes, 0);
+    Disk.PcFileBytes = std::move(bytes);
+    if (!loaded) return;
+    Disk.PcFileTypeText = ShortExtension(name) == "BAS" ? "0" : "2";
+    Screen.ViewFile(-1, Disk.PcFileTypeText == "0" ? 0 : 2);
+    if (!LooksLikeImage(name)) return;
+    if (Disk.PcFileBytes.size() < kShortestImage) {
+        Platform.ShowMessage("Disco Virtual muy pequeño, como para leer el Directorio"_w,
+                             Disk.AppTitle, Buttons::Ok, MessageIcon::Exclamation);
+        return;
+    }
+    if (!MayLeaveDisk()) return;
+    SetAside before = SetDiskAside();
+    try {
+        ShowNewDisk(folder, name, path);
+    } catch (const RuntimeFailure& failure) {
+        Platform.ShowMessage(ErrorBoxText(failure), Disk.AppTitle, Buttons::Ok,
+                             MessageIcon::Critical);
+        BringDiskBack(before);
+    }
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,182 @@
+#include "image/pc_file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+#if __has_include(<unistd.h>)
+#include <unistd.h>
+#endif
+
+#include "core/byte_helpers.h"
+#include "core/disk_state.h"
+#include "core/numbers.h"
+#include "core/platform.h"
+
+namespace brindlemoor {
+
+std::string VhdReply;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct FileCloser {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, FileCloser>;
+
+/// The part of a file that is read, in bytes.
+struct FilePart {
+    long long Offset = 0;
+    long long Length = 0;
+};
+
+bool ShowSystemError(const std::error_code& error) {
+    Platform.ShowMessage("Error!!! " + DecimalText(error.value()) + " " + error.message(),
+                         Disk.AppTitle, Buttons::Ok, MessageIcon::Critical);
+    return false;
+}
+
+std::error_code LastError() {
+    return {errno != 0 ? errno : EIO, std::generic_category()};
+}
+
+/// Names that come from a disk may hold characters that a PC's file name may not.
+void ReplaceForbiddenCharacters(std::string& path) {
+    for (char& character : path) {
+        if (character == '<' || character == '>') character = '-';
+        if (character == '*') character = 'A';
+    }
+}
+
+/// Asks for the virtual drive until the answer's leading number is one, and returns its part.
+FilePart AskHardDiskPart() {
+    double drive = 0;
+    do {
+        VhdReply = Platform.AskText("Seleccione la unidad: DECB 0-255 o [ENTER] para OS9/NITROS9",
+                                    Disk.AppTitle, VhdReply);
+        drive = LeadingNumber(VhdReply);
+    } while (drive < 0 || drive > 255);
+    if (VhdReply.empty()) return {0, kHardDiskOs9Bytes};
+    return {kHardDiskLimit + static_cast<long long>(drive) * kVirtualDriveBytes,
+            kVirtualDriveBytes};
+}
+
+bool ReadPart(std::FILE* file, FilePart part, std::string& data) {
+    if (std::fseek(file, static_cast<long>(part.Offset), SEEK_SET) != 0) return false;
+    data.resize(static_cast<std::size_t>(part.Length));
+    const std::size_t count = std::fread(data.data(), 1, data.size(), file);
+    data.resize(count);
+    return std::ferror(file) == 0;
+}
+
+bool ReadPcFile(const std::string& path, std::string& data) {
+    std::error_code error;
+    // A pipe or a device is never opened: reading it may not end.
+    const bool special = fs::is_other(path, error);
+    if (special) return ShowSystemError(std::make_error_code(std::errc::not_supported));
+    const auto size = fs::file_size(path, error);
+    if (error) return ShowSystemError(error);
+    errno = 0;
+    const File file(std::fopen(path.c_str(), "rb"));
+    if (!file) return ShowSystemError(LastError());
+    FilePart part{0, static_cast<long long>(size)};
+    if (part.Length > kHardDiskLimit) part = AskHardDiskPart();
+    errno = 0;
+    return ReadPart(file.get(), part, data) || ShowSystemError(LastError());
+}
+
+/// The questions before a file is written. False when the user gave up: `path` is empty then.
+bool AskBeforeWriting(std::string& path, int options) {
+    std::error_code error;
+    bool exists = fs::exists(path, error);
+    if (exists && (options & kSkipOverwriteQuestion) == 0) {
+        // The path goes in last: its own bytes are no line breaks and no places.
+        const std::string question =
+            ReplaceText(ReplaceText(MessageText(0), "\xAC", "\r\n"), "[]", path);
+        const std::string answer = Platform.AskText(question, Disk.AppTitle, path);
+        const bool renamed = answer != path;
+        path = answer;
+        if (path.empty()) return false;
+        // A file that is to be overwritten counts as deleted from here on.
+        exists = renamed && fs::exists(path, error);
+    }
+    if (!exists && (options & kSkipCreateQuestion) == 0) {
+        const Answer answer =
+            Platform.ShowMessage(MessageText(2) + path + MessageText(3), Disk.AppTitle,
+                                 Buttons::OkCancel, MessageIcon::Question);
+        if (answer == Answer::Cancel) path.clear();
+    }
+    return !path.empty();
+}
+
+/// A name beside `path` that no file bears yet.
+std::string UnusedNameBeside(const std::string& path) {
+    std::error_code error;
+    for (int number = 0;; ++number) {
+        const std::string name = path + ".new" + (number == 0 ? "" : DecimalText(number));
+        if (!fs::exists(fs::symlink_status(name, error))) return name;
+    }
+}
+
+/// Writes a file that must not exist yet, down to the disk.
+bool WriteNewFile(const std::string& path, const std::string& data) {
+    File file(std::fopen(path.c_str(), "wbx"));
+    if (!file) return false;
+    bool written = std::fwrite(data.data(), 1, data.size(), file.get()) == data.size();
+    written = std::fflush(file.get()) == 0 && written;
+#if __has_include(<unistd.h>)
+    written = fsync(fileno(file.get())) == 0 && written;
+#endif
+    return std::fclose(file.release()) == 0 && written;
+}
+
+/// The file that a link leads to, so that writing through a link keeps the link.
+std::string LinkTarget(const std::string& path) {
+    std::error_code error;
+    if (!fs::is_symlink(path, error)) return path;
+    const fs::path target = fs::canonical(path, error);
+    return error ? path : target.string();
+}
+
+bool ReplaceFile(const std::string& name, const std::string& data) {
+    std::error_code error;
+    const std::string path = LinkTarget(name);
+    if (fs::is_directory(path, error)) {
+        return ShowSystemError(std::make_error_code(std::errc::is_a_directory));
+    }
+    const std::string fresh = UnusedNameBeside(path);
+    errno = 0;
+    if (!WriteNewFile(fresh, data)) {
+        const std::error_code reason = LastError();
+        fs::remove(fresh, error);
+        return ShowSystemError(reason);
+    }
+    const fs::file_status old = fs::status(path, error);
+    if (fs::is_regular_file(old)) fs::permissions(fresh, old.permissions(), error);
+    fs::rename(fresh, path, error);
+    if (!error) return true;
+    const std::error_code reason = error;
+    fs::remove(fresh, error);
+    return ShowSystemError(reason);
+}
+
+}  // namespace
+
+bool LoadPcFile(const std::string& mode, std::string& path, std::string& data, int options) {
+    ReplaceForbiddenCharacters(path);
+    if (mode == "A") return ReadPcFile(path, data);
+    if (!AskBeforeWriting(path, options)) return false;
+    return ReplaceFile(path, data);
+}
+
+bool WritePcFile(std::string& path, std::string& data, int options) {
+    return LoadPcFile("G", path, data, options);
+}
+
+}  // namespace brindlemoor

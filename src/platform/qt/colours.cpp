@@ -1,0 +1,76 @@
+#include "platform/qt/colours.h"
+
+#include <QAbstractScrollArea>
+#include <QComboBox>
+#include <QFont>
+#include <QLineEdit>
+#include <QPalette>
+#include <QStyleFactory>
+
+#include "workbench/control.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kFontPixelSize = 12;
+
+/// The colours of a moor in the morning: pale heather grey, ink, and one green for what is chosen.
+QPalette CalmPalette() {
+    const QColor window(0xEC, 0xEE, 0xEB);
+    const QColor ink(0x1E, 0x24, 0x22);
+    const QColor faded(0x8B, 0x92, 0x8E);
+    const QColor chosen(0x2F, 0x6B, 0x5E);
+    QPalette palette(QColor(0xDF, 0xE4, 0xE0), window);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, ink);
+        palette.setColor(QPalette::Disabled, role, faded);
+    }
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xF4, 0xF5, 0xF3));
+    palette.setColor(QPalette::AlternateBase, QColor(0xF3, 0xF6, 0xF3));
+    palette.setColor(QPalette::Highlight, chosen);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::ToolTipBase, QColor(0xFF, 0xFB, 0xE6));
+    palette.setColor(QPalette::ToolTipText, ink);
+    palette.setColor(QPalette::PlaceholderText, faded);
+    palette.setColor(QPalette::Link, chosen);
+    return palette;
+}
+
+/// True where the widget paints on `Base` and not on the window's colour.
+bool IsField(const QWidget* widget) {
+    return qobject_cast<const QLineEdit*>(widget) != nullptr ||
+           qobject_cast<const QAbstractScrollArea*>(widget) != nullptr ||
+           qobject_cast<const QComboBox*>(widget) != nullptr;
+}
+
+}  // namespace
+
+void ApplyLook(QApplication& application) {
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(CalmPalette());
+    QFont font = application.font();
+    font.setPixelSize(kFontPixelSize);
+    QApplication::setFont(font);
+}
+
+void ShowColours(QWidget* widget, std::int32_t back, std::int32_t fore) {
+    QPalette palette;
+    if (back != kNoColour) {
+        for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button}) {
+            palette.setColor(role, ColourOf(back));
+        }
+    }
+    if (fore != kNoColour) {
+        for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+            for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+                palette.setColor(group, role, ColourOf(fore));
+            }
+        }
+    }
+    if (!IsField(widget)) widget->setAutoFillBackground(back != kNoColour);
+    widget->setPalette(palette);
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,54 @@
+#include "platform/qt/key_codes.h"
+
+#include <algorithm>
+#include <array>
+
+#include "workbench/control.h"
+
+namespace brindlemoor {
+
+namespace {
+
+struct KeyRow {
+    int QtKey;
+    int Code;
+};
+
+/// Page Down has no row: its code is that of the double quote.
+constexpr std::array<KeyRow, 16> kKeys = {{
+    {Qt::Key_Backspace, 8},
+    {Qt::Key_Tab, kKeyTab},
+    {Qt::Key_Backtab, kKeyTab},
+    {Qt::Key_Return, kKeyEnter},
+    {Qt::Key_Enter, kKeyEnter},
+    {Qt::Key_Escape, kKeyEscape},
+    {Qt::Key_Space, 32},
+    {Qt::Key_PageUp, 33},
+    {Qt::Key_End, 35},
+    {Qt::Key_Home, 36},
+    {Qt::Key_Left, 37},
+    {Qt::Key_Up, 38},
+    {Qt::Key_Right, 39},
+    {Qt::Key_Down, kKeyDown},
+    {Qt::Key_Insert, 45},
+    {Qt::Key_Delete, kKeyDelete},
+}};
+
+constexpr int kFirstFunctionKey = 112;
+
+}  // namespace
+
+int KeyCodeOf(const QKeyEvent& event) {
+    const int key = event.key();
+    const auto* row = std::find_if(kKeys.begin(), kKeys.end(), [key](const KeyRow& candidate) {
+        return candidate.QtKey == key;
+    });
+    if (row != kKeys.end()) return row->Code;
+    if (event.text() == QLatin1String("\"")) return kKeyDoubleQuote;
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F12) return kFirstFunctionKey + key - Qt::Key_F1;
+    const bool letter = key >= Qt::Key_A && key <= Qt::Key_Z;
+    const bool digit = key >= Qt::Key_0 && key <= Qt::Key_9;
+    return letter || digit ? key : 0;
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,231 @@
+#include "platform/qt/list_widgets.h"
+
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <QStyle>
+#include <QStyledItemDelegate>
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "platform/qt/event_hook.h"
+#include "platform/qt/shell.h"
+#include "platform/qt/text.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kDepthRole = Qt::UserRole;
+constexpr int kIndentPixels = 10;
+constexpr int kListRowHeight = 17;
+
+/// Shifts an entry to the right by its depth; a list has no such thing of its own.
+class IndentDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyleOptionViewItem shifted = option;
+        shifted.rect.adjust(index.data(kDepthRole).toInt() * kIndentPixels, 0, 0, 0);
+        QStyledItemDelegate::paint(painter, shifted, index);
+    }
+};
+
+/// How the user goes about in a list at the moment.
+struct Pointer {
+    bool Down = false;                ///< the left mouse button
+    Qt::KeyboardModifiers Modifiers;  ///< at the last press or key
+};
+
+/// Arrow keys carry a modifier of their own on some systems; only these two keep a selection.
+bool AddsToSelection(const Pointer& pointer) {
+    return (pointer.Modifiers & (Qt::ControlModifier | Qt::ShiftModifier)) != 0;
+}
+
+QListWidget* MakeList(QWidget* parent) {
+    auto* list = new QListWidget(parent);
+    list->setUniformItemSizes(true);
+    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    list->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    list->setTextElideMode(Qt::ElideRight);
+    return list;
+}
+
+/// Follows the mouse's left button and the keys held with it, and runs `rightClick` when the right
+/// one was released; the right button chooses nothing.
+std::shared_ptr<Pointer> FollowMouse(QListWidget* list, std::function<void()> rightClick) {
+    auto pointer = std::make_shared<Pointer>();
+    HookEvents(list->viewport(), [pointer, rightClick](QEvent* event) {
+        const bool press = event->type() == QEvent::MouseButtonPress ||
+                           event->type() == QEvent::MouseButtonDblClick;
+        const bool release = event->type() == QEvent::MouseButtonRelease;
+        if (!press && !release) return false;
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        if (mouse->button() == Qt::RightButton) {
+            if (release) rightClick();
+            return true;
+        }
+        if (mouse->button() == Qt::LeftButton) *pointer = {press, mouse->modifiers()};
+        return false;
+    });
+    // A message box that a press brings up takes the release; the next key ends the press then.
+    HookEvents(list, [pointer](QEvent* event) {
+        if (event->type() != QEvent::KeyPress) return false;
+        *pointer = {false, static_cast<QKeyEvent*>(event)->modifiers()};
+        return false;
+    });
+    return pointer;
+}
+
+void FillList(QListWidget* list, const Control& record) {
+    list->clear();
+    for (const std::string& item : record.Items) {
+        auto* entry = new QListWidgetItem(ToText(item), list);
+        entry->setSizeHint(QSize(0, kListRowHeight));
+    }
+}
+
+std::vector<bool> SelectionOf(const QListWidget* list) {
+    std::vector<bool> selected(static_cast<std::size_t>(list->count()), false);
+    for (const QModelIndex& index : list->selectionModel()->selectedIndexes()) {
+        selected[static_cast<std::size_t>(index.row())] = true;
+    }
+    return selected;
+}
+
+/// The selection as the record has it: `ItemSelected`, or the chosen entry where that is not kept.
+std::vector<bool> SelectionOf(const Control& record) {
+    if (record.ItemSelected.size() == record.Items.size()) return record.ItemSelected;
+    std::vector<bool> selected(record.Items.size(), false);
+    const auto chosen = static_cast<std::size_t>(record.ListIndex);
+    if (record.ListIndex >= 0 && chosen < selected.size()) selected[chosen] = true;
+    return selected;
+}
+
+/// An entry chosen with Ctrl or Shift: the selection stays as the widget made it.
+void ClickWithModifiers(Control& record, int row, std::vector<bool> selected) {
+    record.ListIndex = row;
+    record.ItemSelected = std::move(selected);
+    Raise(record.Click);
+}
+
+void ClickFile(QListWidget* list, const ControlRef& place, int row, bool modified) {
+    if (row < 0) return;
+    std::vector<bool> selected = SelectionOf(list);
+    UserAction([&] {
+        Control& record = RecordOf(place);
+        if (modified) {
+            ClickWithModifiers(record, row, std::move(selected));
+        } else {
+            ClickListEntry(record, row);
+        }
+    });
+}
+
+void ShowCurrentRow(QListWidget* list, int row) {
+    if (list->currentRow() == row) return;
+    list->setCurrentRow(row, QItemSelectionModel::NoUpdate);
+    if (row >= 0) list->scrollToItem(list->item(row));
+}
+
+}  // namespace
+
+QWidget* MakeDriveList(QWidget* parent, ControlRef place) {
+    auto* box = new QComboBox(parent);
+    QObject::connect(box, &QComboBox::activated, box, [place](int index) {
+        UserAction([place, index] { ClickListEntry(RecordOf(place), index); });
+    });
+    return box;
+}
+
+void ShowDriveList(QWidget* widget, const Control& record, const Control& shown) {
+    auto* box = static_cast<QComboBox*>(widget);
+    const auto count = static_cast<std::size_t>(box->count());
+    if (record.Items != shown.Items || count != record.Items.size()) {
+        box->clear();
+        const QIcon icon = box->style()->standardIcon(QStyle::SP_DriveHDIcon);
+        for (const std::string& item : record.Items) box->addItem(icon, ToText(item));
+    }
+    if (box->currentIndex() != record.ListIndex) box->setCurrentIndex(record.ListIndex);
+}
+
+QWidget* MakeFolderList(QWidget* parent, ControlRef place) {
+    QListWidget* list = MakeList(parent);
+    list->setItemDelegate(new IndentDelegate(list));
+    list->setIconSize(QSize(14, 14));
+    FollowMouse(list, [place] { UserAction([place] { Raise(RecordOf(place).RightClick); }); });
+    QObject::connect(list, &QListWidget::currentRowChanged, list, [place](int row) {
+        if (row >= 0) UserAction([place, row] { ClickListEntry(RecordOf(place), row); });
+    });
+    HookEvents(list->viewport(), [list, place](QEvent* event) {
+        if (event->type() != QEvent::MouseButtonDblClick) return false;
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        const QModelIndex entry = list->indexAt(mouse->position().toPoint());
+        if (mouse->button() == Qt::LeftButton && entry.isValid()) {
+            UserAction([place] { Raise(RecordOf(place).DoubleClick); });
+        }
+        return true;
+    });
+    return list;
+}
+
+void ShowFolderList(QWidget* widget, const Control& record, const Control& shown) {
+    auto* list = static_cast<QListWidget*>(widget);
+    const bool filled = list->count() == static_cast<int>(record.Items.size());
+    if (!filled || record.Items != shown.Items || record.Path != shown.Path) {
+        FillList(list, record);
+        const QIcon open = list->style()->standardIcon(QStyle::SP_DirOpenIcon);
+        const QIcon closed = list->style()->standardIcon(QStyle::SP_DirClosedIcon);
+        for (int row = 0; row < list->count(); ++row) {
+            const auto index = static_cast<std::size_t>(row);
+            const bool known = index < record.ItemIndents.size();
+            list->item(row)->setData(kDepthRole, known ? record.ItemIndents[index] : 0);
+            list->item(row)->setIcon(row <= record.ListIndex ? open : closed);
+        }
+    }
+    ShowCurrentRow(list, record.ListIndex);
+    if (record.ListIndex >= 0 && record.ListIndex < list->count()) {
+        list->item(record.ListIndex)->setSelected(true);
+    }
+}
+
+QWidget* MakeFileList(QWidget* parent, ControlRef place) {
+    QListWidget* list = MakeList(parent);
+    list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    const auto pointer =
+        FollowMouse(list, [place] { UserAction([place] { Raise(RecordOf(place).RightClick); }); });
+    QObject::connect(list, &QListWidget::itemSelectionChanged, list, [list, place] {
+        if (!IsRefreshing()) RecordOf(place).ItemSelected = SelectionOf(list);
+    });
+    QObject::connect(list, &QListWidget::itemPressed, list,
+                     [list, place, pointer](QListWidgetItem* item) {
+                         ClickFile(list, place, list->row(item), AddsToSelection(*pointer));
+                     });
+    // Reported for every way of going to another entry; the mouse has its own report above.
+    QObject::connect(list, &QListWidget::currentRowChanged, list, [list, place, pointer](int row) {
+        if (pointer->Down || IsRefreshing()) return;
+        ClickFile(list, place, row, AddsToSelection(*pointer));
+    });
+    QObject::connect(list, &QListWidget::itemDoubleClicked, list,
+                     [place] { UserAction([place] { Raise(RecordOf(place).DoubleClick); }); });
+    return list;
+}
+
+void ShowFileList(QWidget* widget, const Control& record, const Control& shown) {
+    auto* list = static_cast<QListWidget*>(widget);
+    const bool filled = list->count() == static_cast<int>(record.Items.size());
+    if (!filled || record.Items != shown.Items) FillList(list, record);
+    ShowCurrentRow(list, record.ListIndex);
+    const std::vector<bool> wanted = SelectionOf(record);
+    if (SelectionOf(list) == wanted) return;
+    for (int row = 0; row < list->count(); ++row) {
+        list->item(row)->setSelected(wanted[static_cast<std::size_t>(row)]);
+    }
+}
+
+}  // namespace brindlemoor

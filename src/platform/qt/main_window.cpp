@@ -1,0 +1,107 @@
+#include "platform/qt/main_window.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include "platform/qt/event_hook.h"
+#include "platform/qt/icon.h"
+#include "platform/qt/shell.h"
+#include "platform/qt/text.h"
+#include "workbench/principal.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kLeastWidth = 1000;  ///< pixels, of the whole window
+constexpr int kLeastHeight = 700;
+
+/// The inner size that the window and its record agreed on last, in pixels.
+struct AgreedSize {
+    QSize Inner;
+};
+
+QSize RecordSize() {
+    return {Pixels(Principal.Width), Pixels(Principal.Height)};
+}
+
+/// The window's size for an inner size, as far as the screen goes.
+QSize OuterSize(QMainWindow* window, QSize inner) {
+    const QSize outer = inner + QSize(0, window->menuBar()->sizeHint().height());
+    const QScreen* screen = window->screen();
+    return screen == nullptr ? outer : outer.boundedTo(screen->availableSize());
+}
+
+/// The record was given another size by the program: the window follows, once the records have
+/// been shown. A window that fills the screen stays as it is.
+void FollowRecordSize(QMainWindow* window, AgreedSize& agreed) {
+    if (RecordSize() == agreed.Inner) return;
+    agreed.Inner = RecordSize();
+    const QSize outer = OuterSize(window, agreed.Inner);
+    QMetaObject::invokeMethod(
+        window,
+        [window, outer] {
+            if (!window->isMaximized() && !window->isFullScreen()) window->resize(outer);
+        },
+        Qt::QueuedConnection);
+}
+
+void FollowWindowSize(QSize inner, AgreedSize& agreed) {
+    agreed.Inner = inner;
+    UserAction([inner] {
+        Principal.Width = inner.width() * kTwipsPerPixel;
+        Principal.Height = inner.height() * kTwipsPerPixel;
+        ResizePrincipal(Principal.Width, Principal.Height);
+    });
+}
+
+void HookWindowEvents(QMainWindow* window, const std::shared_ptr<AgreedSize>& agreed) {
+    QWidget* area = window->centralWidget();
+    HookEvents(area, [area, agreed](QEvent* event) {
+        if (event->type() == QEvent::Resize) FollowWindowSize(area->size(), *agreed);
+        return false;
+    });
+    HookEvents(window, [](QEvent* event) {
+        if (event->type() != QEvent::Close) return false;
+        UserAction(ClosePrincipal);
+        QuitProgram(0);
+        return false;
+    });
+}
+
+void ShowTitle(QMainWindow* window) {
+    const QString title = ToText(Principal.Caption);
+    if (window->windowTitle() != title) window->setWindowTitle(title);
+}
+
+}  // namespace
+
+MainWindow MakeMainWindow() {
+    MainWindow made;
+    made.Widget = std::make_unique<QMainWindow>();
+    QMainWindow* window = made.Widget.get();
+    window->setWindowIcon(ProgramIcon());
+    window->setContextMenuPolicy(Qt::NoContextMenu);
+    window->setMinimumSize(kLeastWidth, kLeastHeight);
+    auto* area = new QWidget(window);
+    window->setCentralWidget(area);
+    made.Controls = BuildWidgets(Principal, area);
+    made.Menus = std::make_shared<MenuBarView>();
+    made.Menus->Bar = window->menuBar();
+    made.Menus->Bar->setNativeMenuBar(false);
+    made.Menus->Record = &Principal;
+    const auto agreed = std::make_shared<AgreedSize>(AgreedSize{RecordSize()});
+    HookWindowEvents(window, agreed);
+    Shell.MainWindow = window;
+    AddRefresh(window, [window, agreed, controls = made.Controls, menus = made.Menus] {
+        ShowTitle(window);
+        ShowMenuBar(*menus);
+        ShowRecords(*controls);
+        FollowRecordSize(window, *agreed);
+    });
+    RefreshWindows();
+    window->resize(OuterSize(window, agreed->Inner));
+    return made;
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,128 @@
+#include "platform/qt/menus.h"
+
+#include <QCursor>
+#include <QMenu>
+
+#include "platform/qt/shell.h"
+#include "platform/qt/text.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kDeepestMenu = 8;  ///< submenus within submenus; a table that names itself ends here
+
+bool IsSeparator(const MenuItem& item) {
+    return item.Caption == "-";
+}
+
+/// Which menus hold how many items, and which of them are separators or open another menu.
+void DescribeMenu(Window& window, const std::string& name, int depth, std::string& structure) {
+    const Menu* menu = FindMenu(window, name);
+    if (menu == nullptr || depth > kDeepestMenu) return;
+    structure += '(';
+    for (const MenuItem& item : menu->Items) {
+        structure += IsSeparator(item) ? '-' : '.';
+        structure += item.SubMenu;
+        if (!item.SubMenu.empty()) DescribeMenu(window, item.SubMenu, depth + 1, structure);
+    }
+    structure += ')';
+}
+
+void ShowMenuItem(QAction* action, const MenuItem& item) {
+    if (action->isSeparator()) return;
+    const QString text = ToText(item.Caption).replace(QLatin1Char('&'), QLatin1String("&&"));
+    if (action->text() != text) action->setText(text);
+    if (action->isEnabled() != item.Enabled) action->setEnabled(item.Enabled);
+    action->setCheckable(item.Checked);
+    action->setChecked(item.Checked);
+    const QKeySequence keys(ToText(item.Shortcut));
+    if (action->shortcut() != keys) action->setShortcut(keys);
+}
+
+/// Adds the items of a menu array to a bar, a menu or a popup, with all that stands behind them.
+template <typename Holder>
+void AddItems(Holder* holder, Window& window, const std::string& name, int depth,
+              std::vector<MenuAction>& actions) {
+    const Menu* menu = FindMenu(window, name);
+    if (menu == nullptr || depth > kDeepestMenu) return;
+    for (std::size_t i = 0; i < menu->Items.size(); ++i) {
+        const MenuItem& item = menu->Items[i];
+        QAction* action = nullptr;
+        if (IsSeparator(item)) {
+            action = holder->addSeparator();
+        } else if (!item.SubMenu.empty()) {
+            QMenu* below = holder->addMenu(QString());
+            below->setSeparatorsCollapsible(false);
+            AddItems(below, window, item.SubMenu, depth + 1, actions);
+            action = below->menuAction();
+        } else {
+            action = holder->addAction(QString());
+        }
+        action->setMenuRole(QAction::NoRole);
+        ShowMenuItem(action, item);
+        actions.push_back({action, menu->Name, static_cast<int>(i)});
+    }
+}
+
+void ClickItem(Window& window, const std::string& name, int index) {
+    const Menu* menu = FindMenu(window, name);
+    if (menu != nullptr && menu->Click) menu->Click(index);
+}
+
+/// The old menus may be the ones whose item is running at the moment, so they go later.
+void RebuildBar(MenuBarView& view) {
+    const QList<QAction*> old = view.Bar->actions();
+    for (QAction* action : old) {
+        view.Bar->removeAction(action);
+        if (action->menu() != nullptr) action->menu()->deleteLater();
+    }
+    view.Actions.clear();
+    AddItems(view.Bar, *view.Record, "MainMenu", 0, view.Actions);
+    Window* window = view.Record;
+    for (const MenuAction& entry : view.Actions) {
+        if (entry.Action->menu() != nullptr || entry.Action->isSeparator()) continue;
+        QObject::connect(entry.Action, &QAction::triggered, view.Bar,
+                         [window, name = entry.MenuName, index = entry.Index] {
+                             UserAction([&] { ClickItem(*window, name, index); });
+                         });
+    }
+}
+
+}  // namespace
+
+void ShowMenuBar(MenuBarView& view) {
+    std::string structure;
+    DescribeMenu(*view.Record, "MainMenu", 0, structure);
+    if (structure != view.Structure) {
+        RebuildBar(view);
+        view.Structure = structure;
+        return;
+    }
+    for (const MenuAction& entry : view.Actions) {
+        const Menu* menu = FindMenu(*view.Record, entry.MenuName);
+        const auto index = static_cast<std::size_t>(entry.Index);
+        if (menu != nullptr && index < menu->Items.size()) {
+            ShowMenuItem(entry.Action, menu->Items[index]);
+        }
+    }
+}
+
+void RunPopupMenu(Window& window, const std::string& name) {
+    const Menu* menu = FindMenu(window, name);
+    if (menu == nullptr) return;
+    if (menu->Items.size() == 1 && !menu->Items[0].SubMenu.empty()) {
+        RunPopupMenu(window, std::string(menu->Items[0].SubMenu));
+        return;
+    }
+    std::vector<MenuAction> actions;
+    QMenu popup(Shell.MainWindow);
+    popup.setSeparatorsCollapsible(false);
+    AddItems(&popup, window, menu->Name, 0, actions);
+    const QAction* chosen = popup.exec(QCursor::pos());
+    for (const MenuAction& entry : actions) {
+        if (entry.Action == chosen) ClickItem(window, entry.MenuName, entry.Index);
+    }
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <vector>
+
+namespace brindlemoor {
+
+/// The one way of a user's action into the records: runs `event` through the event dispatcher, and
+/// then shows what it changed. Does nothing while the records are being shown (a widget that is
+/// set by the program also reports a change) and once the program has ended.
+void UserAction(const std::function<void()>& event);
+
+/// Shows all records that differ from their widgets, in every window that stands open.
+void RefreshWindows();
+
+/// True while `RefreshWindows` runs: changes that widgets report now are not the user's.
+bool IsRefreshing();
+
+/// Adds a window to those that `RefreshWindows` shows, as long as `window` lives.
+void AddRefresh(QWidget* window, std::function<void()> refresh);
+
+/// What the whole shell shares.
+struct ShellState {
+    QPointer<QWidget> MainWindow;
+    bool Ended = false;  ///< `EndProgram` was asked for: no further event reaches the records
+    std::function<void(int exitCode)> Quit;  ///< leaves the event loop; the program sets it
+};
+
+extern ShellState Shell;
+
+/// Leaves the event loop, if the program has one.
+void QuitProgram(int exitCode);
+
+}  // namespace brindlemoor

@@ -1,0 +1,210 @@
+#include "platform/qt/window_widgets.h"
+
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <array>
+
+#include "core/byte_helpers.h"
+#include "platform/qt/colours.h"
+#include "platform/qt/event_hook.h"
+#include "platform/qt/fixed_font.h"
+#include "platform/qt/key_codes.h"
+#include "platform/qt/list_widgets.h"
+#include "platform/qt/shell.h"
+#include "platform/qt/simple_widgets.h"
+#include "platform/qt/text.h"
+#include "workbench/principal.h"
+
+namespace brindlemoor {
+
+namespace {
+
+using MakeRoutine = QWidget* (*)(QWidget* parent, ControlRef place);
+using ShowRoutine = void (*)(QWidget* widget, const Control& record, const Control& shown);
+
+struct KindRow {
+    ControlKind Kind;
+    MakeRoutine Make;
+    ShowRoutine Show;  ///< null where nothing but the common properties is shown
+};
+
+/// Grids are not in the table: they have a record of their own. Hidden controls have no widget.
+constexpr std::array<KindRow, 12> kKinds = {{
+    {ControlKind::Label, MakeLabel, ShowLabel},
+    {ControlKind::TextBox, MakeTextBox, ShowTextBox},
+    {ControlKind::ComboBox, MakeComboBox, ShowComboBox},
+    {ControlKind::CheckBox, MakeCheckBox, ShowCheckBox},
+    {ControlKind::Button, MakeButton, ShowButton},
+    {ControlKind::Frame, MakeFrame, nullptr},
+    {ControlKind::HorizontalBar, MakeHorizontalBar, ShowScrollBar},
+    {ControlKind::VerticalBar, MakeVerticalBar, ShowScrollBar},
+    {ControlKind::Picture, MakePicture, nullptr},
+    {ControlKind::DriveList, MakeDriveList, ShowDriveList},
+    {ControlKind::FolderList, MakeFolderList, ShowFolderList},
+    {ControlKind::FileList, MakeFileList, ShowFileList},
+}};
+
+const KindRow* RowOfKind(ControlKind kind) {
+    for (const KindRow& row : kKinds) {
+        if (row.Kind == kind) return &row;
+    }
+    return nullptr;
+}
+
+/// The grid that a control of kind Grid stands for.
+Grid* GridOf(const Control& control) {
+    return control.Name == "ListDirec" ? &ListDirec : nullptr;
+}
+
+constexpr int kBandHeight = 12;  ///< of the small labels, which name bands of that height
+constexpr int kTitlePixelSize = 13;
+
+QFont SmallFont(QFont font) {
+    for (int size = 11; size > 6; --size) {
+        font.setPixelSize(size);
+        if (QFontMetrics(font).lineSpacing() <= kBandHeight) break;
+    }
+    return font;
+}
+
+void ShowFont(QWidget* widget, FontKind kind) {
+    QFont font = widget->font();
+    if (kind == FontKind::Fixed) font = FixedFont();
+    if (kind == FontKind::Small) font = SmallFont(font);
+    if (kind == FontKind::Title) {
+        font.setPixelSize(kTitlePixelSize);
+        font.setBold(true);
+    }
+    if (kind != FontKind::Normal) widget->setFont(font);
+}
+
+QWidget* FrameOf(const WindowWidgets& widgets, const Control& control) {
+    QWidget* frame = control.Container.empty() ? nullptr : WidgetOf(widgets, control.Container);
+    return frame != nullptr ? frame : widgets.Area;
+}
+
+/// Key presses go to the control's own routine first, and losing the focus to another control of
+/// the program runs `Leave`; losing it with the whole window, or to a menu, does not.
+void HookCommonEvents(QWidget* widget, ControlRef place) {
+    HookEvents(widget, [place](QEvent* event) {
+        if (event->type() == QEvent::KeyPress) {
+            const int code = KeyCodeOf(*static_cast<QKeyEvent*>(event));
+            if (code == 0 || !RecordOf(place).Key) return false;
+            bool dropped = false;
+            UserAction([&] { dropped = RecordOf(place).Key(code); });
+            return dropped;
+        }
+        if (event->type() == QEvent::FocusOut && RecordOf(place).Leave) {
+            const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+            const bool elsewhere = reason == Qt::ActiveWindowFocusReason ||
+                                   reason == Qt::PopupFocusReason ||
+                                   reason == Qt::MenuBarFocusReason;
+            if (!elsewhere) UserAction([place] { Raise(RecordOf(place).Leave); });
+        }
+        return false;
+    });
+}
+
+ControlWidget MakeControl(const WindowWidgets& widgets, ControlRef place) {
+    ControlWidget made;
+    const Control& record = RecordOf(place);
+    QWidget* parent = FrameOf(widgets, record);
+    if (record.Kind == ControlKind::Grid) {
+        Grid* grid = GridOf(record);
+        if (grid == nullptr) return made;
+        made.View = MakeGridView(parent, *grid, place);
+        made.Widget = made.View->Widget;
+    } else if (const KindRow* row = RowOfKind(record.Kind)) {
+        made.Widget = row->Make(parent, place);
+    }
+    if (made.Widget == nullptr) return made;
+    made.Widget->setObjectName(ToText(record.Name) + QString::number(record.Index));
+    ShowFont(made.Widget, record.Font);
+    HookCommonEvents(made.Widget, place);
+    made.Widget->setVisible(record.Visible);
+    return made;
+}
+
+/// Controls keep the order of the table under the Tab key, also across frames.
+void SetTabOrder(const WindowWidgets& widgets) {
+    QWidget* before = nullptr;
+    for (const ControlWidget& control : widgets.Controls) {
+        if (control.Widget == nullptr) continue;
+        if (before != nullptr) QWidget::setTabOrder(before, control.Widget);
+        before = control.Widget;
+    }
+}
+
+void MakeMissingControls(WindowWidgets& widgets) {
+    const std::size_t count = widgets.Record->Controls.size();
+    if (widgets.Controls.size() == count) return;
+    while (widgets.Controls.size() < count) {
+        widgets.Controls.push_back(MakeControl(widgets, {widgets.Record, widgets.Controls.size()}));
+    }
+    SetTabOrder(widgets);
+}
+
+void ShowCommon(QWidget* widget, const Control& record, const Control& shown, bool first) {
+    const QRect place(Pixels(record.Left), Pixels(record.Top), Pixels(record.Width),
+                      Pixels(record.Height));
+    if (widget->geometry() != place) widget->setGeometry(place);
+    if (widget->isEnabled() != record.Enabled) widget->setEnabled(record.Enabled);
+    if (widget->isHidden() == record.Visible) widget->setVisible(record.Visible);
+    if (record.Kind == ControlKind::Grid) return;
+    if (record.ToolTip != shown.ToolTip || first) widget->setToolTip(ToText(record.ToolTip));
+    const bool coloured =
+        record.BackColour != shown.BackColour || record.ForeColour != shown.ForeColour;
+    if (coloured) ShowColours(widget, record.BackColour, record.ForeColour);
+}
+
+/// Keeps what the `Show` routines compare with. The rest of a record is compared with its widget.
+void Remember(Control& shown, const Control& record) {
+    shown.Name = record.Name;
+    shown.Path = record.Path;
+    shown.ToolTip = record.ToolTip;
+    shown.BackColour = record.BackColour;
+    shown.ForeColour = record.ForeColour;
+    if (shown.Items != record.Items) shown.Items = record.Items;
+}
+
+void ShowControl(ControlWidget& control, const Control& record) {
+    if (control.Widget == nullptr) return;
+    const bool first = control.Shown.Name.empty();
+    ShowCommon(control.Widget, record, control.Shown, first);
+    if (control.View) ShowGrid(*control.View);
+    const KindRow* row = RowOfKind(record.Kind);
+    if (row != nullptr && row->Show != nullptr) {
+        row->Show(control.Widget, record, control.Shown);
+    }
+    Remember(control.Shown, record);
+}
+
+}  // namespace
+
+std::shared_ptr<WindowWidgets> BuildWidgets(Window& window, QWidget* area) {
+    auto widgets = std::make_shared<WindowWidgets>();
+    widgets->Record = &window;
+    widgets->Area = area;
+    MakeMissingControls(*widgets);
+    return widgets;
+}
+
+void ShowRecords(WindowWidgets& widgets) {
+    MakeMissingControls(widgets);
+    for (std::size_t i = 0; i < widgets.Controls.size(); ++i) {
+        ShowControl(widgets.Controls[i], widgets.Record->Controls[i]);
+    }
+}
+
+QWidget* WidgetOf(const WindowWidgets& widgets, std::string_view name, int index) {
+    const std::string wanted = LowerCase(std::string(name));
+    for (std::size_t i = 0; i < widgets.Controls.size(); ++i) {
+        const Control& record = widgets.Record->Controls[i];
+        if (record.Index == index && LowerCase(record.Name) == wanted) {
+            return widgets.Controls[i].Widget;
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,89 @@
+#include "platform/scripted/scripted_platform.h"
+
+namespace brindlemoor {
+
+namespace {
+
+bool HasButton(Buttons buttons, Answer answer) {
+    switch (buttons) {
+        case Buttons::Ok:
+            return answer == Answer::Ok;
+        case Buttons::OkCancel:
+            return answer == Answer::Ok || answer == Answer::Cancel;
+        case Buttons::YesNo:
+            return answer == Answer::Yes || answer == Answer::No;
+        case Buttons::YesNoCancel:
+            return answer != Answer::Ok;
+    }
+    return false;
+}
+
+Answer DecliningAnswer(Buttons buttons) {
+    if (buttons == Buttons::Ok) return Answer::Ok;
+    return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
+}
+
+Answer AnswerMessage(Script& script, ShownMessage message) {
+    message.Given = DecliningAnswer(message.Choice);
+    if (!script.Answers.empty() && HasButton(message.Choice, script.Answers.front())) {
+        message.Given = script.Answers.front();
+        message.Scripted = true;
+        script.Answers.pop_front();
+    }
+    const Answer given = message.Given;
+    script.Messages.push_back(message);
+    if (script.OnMessage) script.OnMessage(message);
+    return given;
+}
+
+std::string AnswerPrompt(Script& script, ShownPrompt prompt) {
+    if (!script.Texts.empty()) {
+        prompt.Given = script.Texts.front();
+        script.Texts.pop_front();
+    }
+    script.Prompts.push_back(prompt);
+    return prompt.Given;
+}
+
+}  // namespace
+
+PlatformTable ScriptedPlatform(Script& script) {
+    PlatformTable table = SilentPlatform();
+    table.ShowMessage = [&script](const std::string& text, const std::string& title,
+                                  Buttons buttons, MessageIcon icon) {
+        return AnswerMessage(script, {text, title, buttons, icon});
+    };
+    table.AskText = [&script](const std::string& prompt, const std::string& title,
+                              const std::string& suggestion) {
+        return AnswerPrompt(script, {prompt, title, suggestion, ""});
+    };
+    table.ShowModal = [&script](const std::string& window) {
+        script.ModalWindows.push_back(window);
+        if (script.OnModal) script.OnModal(window);
+    };
+    table.PopupMenu = [&script](const std::string& menu) {
+        script.PopupMenus.push_back(menu);
+        if (script.OnPopup) script.OnPopup(menu);
+    };
+    table.OpenWebPage = [&script](const std::string& address) {
+        script.Pages.push_back(address);
+        return script.ProgramsStart;
+    };
+    table.StartProgram = [&script](const std::string& program,
+                                   const std::vector<std::string>& arguments) {
+        script.Programs.push_back({program, arguments});
+        return script.ProgramsStart;
+    };
+    table.ListDrives = [&script] { return script.Drives; };
+    table.CloseMainWindow = [&script] { script.Closed = true; };
+    table.EndProgram = [&script] { script.Ended = true; };
+    return table;
+}
+
+std::vector<std::string> MessageTexts(const Script& script) {
+    std::vector<std::string> texts;
+    for (const ShownMessage& message : script.Messages) texts.push_back(message.Text);
+    return texts;
+}
+
+}  // namespace brindlemoor

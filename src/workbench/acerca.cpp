@@ -1,0 +1,59 @@
+#include "workbench/acerca.h"
+
+#include <string>
+
+#include "core/byte_helpers.h"
+#include "core/settings.h"
+
+namespace brindlemoor {
+
+Window Acerca;
+
+namespace {
+
+constexpr char kWebPage[] = "https://brindlemoor.example/";
+constexpr char kMail[] = "hello@brindlemoor.example";
+constexpr char kMakers[] = "The Brindlemoor team";
+
+/// A rectangle in pixels.
+struct Place {
+    int Left;
+    int Top;
+    int Width;
+    int Height;
+};
+
+Control& Add(const std::string& name, ControlKind kind, Place place, const std::string& text) {
+    Control control;
+    control.Name = name;
+    control.Kind = kind;
+    control.Left = place.Left * kTwipsPerPixel;
+    control.Top = place.Top * kTwipsPerPixel;
+    control.Width = place.Width * kTwipsPerPixel;
+    control.Height = place.Height * kTwipsPerPixel;
+    control.Text = text;
+    Acerca.Controls.push_back(control);
+    return Acerca.Controls.back();
+}
+
+}  // namespace
+
+void BuildAcerca() {
+    Acerca = {};
+    Acerca.Name = "Acerca";
+    Acerca.Caption = "Brindlemoor";
+    Acerca.Width = 400 * kTwipsPerPixel;
+    Acerca.Height = 202 * kTwipsPerPixel;
+    using enum ControlKind;
+    Add("Icono", Picture, {8, 8, 64, 64}, "");
+    Add("Titulo", Label, {88, 12, 300, 28}, "Brindlemoor").Font = FontKind::Title;
+    Add("Version", Label, {88, 40, 300, 22}, "Version: " + ProgramVersion());
+    Add("Label1", Label, {8, 88, 380, 22}, "Desarrollo y programación por:"_w);
+    Add("Label2", Label, {24, 110, 364, 22}, kMakers);
+    Add("Label3", Label, {8, 142, 90, 24}, "Web (Blog):");
+    Add("Text1", TextBox, {100, 142, 288, 24}, kWebPage).ReadOnly = true;
+    Add("Label4", Label, {8, 172, 90, 24}, "Email: ");
+    Add("Text2", TextBox, {100, 172, 288, 24}, kMail).ReadOnly = true;
+}
+
+}  // namespace brindlemoor

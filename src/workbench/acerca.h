@@ -1,0 +1,13 @@
+#pragma once
+
+#include "workbench/control.h"
+
+namespace brindlemoor {
+
+/// The about box: the program's name and version, its makers, their web page and mail address.
+extern Window Acerca;
+
+/// Builds the about box. Nothing in it changes afterwards.
+void BuildAcerca();
+
+}  // namespace brindlemoor

@@ -1,0 +1,162 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace brindlemoor {
+
+/// Window units in a pixel. Places and sizes of controls are in these units ("twips").
+inline constexpr int kTwipsPerPixel = 15;
+
+/// The colour of a control, cell or grid that has none of its own. Others are 0x00BBGGRR.
+inline constexpr std::int32_t kNoColour = -1;
+
+enum class ControlKind {
+    Label,
+    TextBox,
+    ComboBox,
+    CheckBox,
+    Button,
+    Frame,
+    HorizontalBar,
+    VerticalBar,
+    Picture,
+    Grid,
+    DriveList,
+    FolderList,
+    FileList,
+    Hidden,  ///< holds data only: image lists, drag cursors
+};
+
+enum class FontKind { Normal, Fixed, Small, Title };
+
+/// Keys that event routines get, by their code.
+enum KeyCode : int {
+    kKeyTab = 9,
+    kKeyEnter = 13,
+    kKeyEscape = 27,
+    kKeyDoubleQuote = 34,
+    kKeyDown = 40,
+    kKeyDelete = 46,
+};
+
+/// One control of a window: a record of what it shows and the routines of its events. Change it
+/// through the `Set` routines below, so that its change routine runs as a window system runs it.
+struct Control {
+    std::string Name;
+    ControlKind Kind = ControlKind::Label;
+    int Index = 0;          ///< place in a control array, 0 for a single control
+    std::string Container;  ///< name of the frame that holds it; empty: the window itself
+
+    // Twips, in the container.
+    int Left = 0;
+    int Top = 0;
+    int Width = 0;
+    int Height = 0;
+
+    std::string Text;  ///< caption, or what stands in a text or combo box
+    std::string Tag;
+    std::string ToolTip;
+    FontKind Font = FontKind::Normal;
+    bool RightAligned = false;
+    bool WordWrap = false;
+    bool ReadOnly = false;  ///< text box that only shows
+
+    std::vector<std::string> Items;     ///< lists: what is shown
+    std::vector<std::string> ItemTags;  ///< drive and folder lists: the path of each item
+    std::vector<int> ItemIndents;       ///< folder list: depth of each item
+    std::vector<bool> ItemSelected;     ///< file list: the selection, beside `ListIndex`
+    int ListIndex = -1;                 ///< 0-based, -1 none
+    bool Editable = false;              ///< combo box that takes free text
+    std::string Path;                   ///< drive, folder and file lists: where they stand
+    std::string Pattern;                ///< file list: patterns separated by ";"
+
+    // Scroll bars
+    int Value = 0;
+    int Minimum = 0;
+    int Maximum = 0;
+    int LargeChange = 1;
+
+    bool Checked = false;
+    bool Enabled = true;
+    bool Visible = true;
+    std::int32_t BackColour = kNoColour;
+    std::int32_t ForeColour = kNoColour;
+
+    std::function<void()> Change;  ///< text or value differs, by the program or the user
+    std::function<void()> Click;   ///< pressed, or a list entry chosen by anyone
+    std::function<void()> DoubleClick;
+    std::function<void()> RightClick;
+    std::function<void()> Leave;       ///< the focus goes elsewhere
+    std::function<bool(int key)> Key;  ///< a key went down; true: the control drops it
+};
+
+/// One item of a menu array. A caption "-" is a separator.
+struct MenuItem {
+    std::string Caption;
+    std::string Tag;
+    bool Checked = false;
+    bool Enabled = true;
+    std::string Shortcut;  ///< "Ctrl+O"
+    std::string SubMenu;   ///< name of the menu array behind it
+};
+
+/// A menu array: the menu bar, a menu, or a popup.
+struct Menu {
+    std::string Name;
+    std::vector<MenuItem> Items;
+    bool CanGrow = false;  ///< further elements may be loaded
+    std::function<void(int index)> Click;
+};
+
+/// A window: its controls in tab order and its menus.
+struct Window {
+    std::string Name;
+    std::string Caption;
+    int Width = 0;  ///< inner size without the menu bar, twips
+    int Height = 0;
+    std::vector<Control> Controls;
+    std::vector<Menu> Menus;
+};
+
+/// The control, or the menu, of that name, case aside. Fails with 730 when there is none.
+Control& ControlOf(Window& window, std::string_view name, int index = 0);
+Menu& MenuOf(Window& window, std::string_view name);
+
+/// The item of that index, from 0. Fails with 9 when the menu has none.
+MenuItem& ItemOf(Menu& menu, int index);
+
+/// The same, or null when there is none.
+Control* FindControl(Window& window, std::string_view name, int index = 0);
+Menu* FindMenu(Window& window, std::string_view name);
+
+/// Stores the text; runs `Change` when it differs. An editable combo box keeps its `ListIndex`
+/// only while the text is that item's.
+void SetText(Control& control, const std::string& text);
+
+/// Chooses an entry of a list, -1 for none: the text follows it, and `Click` runs when the index
+/// differs. An index outside the list fails with 9.
+void SetListIndex(Control& control, int index);
+
+/// Chooses an entry as the user's mouse does: `Click` runs also when it was chosen already.
+void ClickListEntry(Control& control, int index);
+
+/// Replaces item `index` of a list, or adds it behind the last. The text follows when the item is
+/// the one chosen; no event runs.
+void SetItem(Control& control, int index, const std::string& item);
+
+/// Stores the value of a scroll bar; runs `Change` when it differs. Outside the bar's range: 9.
+void SetValue(Control& control, int value);
+
+/// Stores the check of a check box; runs `Click` when it differs.
+void SetChecked(Control& control, bool checked);
+
+/// Runs an event routine, if there is one.
+inline void Raise(const std::function<void()>& routine) {
+    if (routine) routine();
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,21 @@
+#include "workbench/event_dispatcher.h"
+
+#include "core/disk_state.h"
+#include "core/platform.h"
+#include "core/runtime_failure.h"
+
+namespace brindlemoor {
+
+bool Dispatch(const std::function<void()>& event) {
+    try {
+        event();
+        return true;
+    } catch (const RuntimeFailure& failure) {
+        Platform.ShowMessage(ErrorBoxText(failure), Disk.AppTitle, Buttons::Ok,
+                             MessageIcon::Critical);
+        Platform.EndProgram();
+        return false;
+    }
+}
+
+}  // namespace brindlemoor

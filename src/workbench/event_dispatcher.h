@@ -1,0 +1,11 @@
+#pragma once
+
+#include <functional>
+
+namespace brindlemoor {
+
+/// Runs an event routine as the window system does. A `RuntimeFailure` that no routine shaped
+/// shows the error box, titled with the program's name, and ends the program. Returns false then.
+bool Dispatch(const std::function<void()>& event);
+
+}  // namespace brindlemoor

@@ -1,0 +1,107 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "workbench/control.h"
+
+namespace brindlemoor {
+
+/// Pixels of a character of the grid's fixed-pitch font, and of the blank at each side of a cell.
+inline constexpr int kGridCharacterWidth = 7;
+inline constexpr int kGridCellMargin = 3;
+
+enum class CellKind : std::uint8_t { Text, Number, Date };
+
+/// One cell. Numbers and dates are kept as such and shown in their column's form.
+struct GridCell {
+    CellKind Kind = CellKind::Text;
+    bool Bold = false;
+    bool RightAligned = false;
+    std::int16_t Indent = 0;  ///< pixels
+    std::int32_t BackColour = kNoColour;
+    std::int32_t ForeColour = kNoColour;
+    double Number = 0;
+    std::string Text;
+};
+
+struct GridRow {
+    bool Visible = true;
+    int Height = 17;  ///< pixels
+    std::vector<GridCell> Cells;
+};
+
+enum class SortKind { Text, Number };
+
+struct GridColumn {
+    std::string Key;
+    std::string Header;
+    bool RightAligned = false;
+    int Width = 0;  ///< pixels
+    bool Visible = true;
+    int Order = 0;             ///< 1-based place among the columns
+    std::string NumberFormat;  ///< number pattern of `FormatNumber`; empty: as it stands
+    SortKind Sort = SortKind::Text;
+};
+
+/// A grid of cells. Rows and columns are numbered from 1.
+struct Grid {
+    std::vector<GridColumn> Columns;
+    std::vector<GridRow> Rows;
+    bool Redraw = true;  ///< false while a routine fills it: nothing is shown
+    std::int32_t AlternateRowBackColour = kNoColour;
+    std::int32_t BackColour = 0xFFFFFF;
+    int ScrollOffsetX = 0;  ///< pixels, zero or negative
+    int SelectedRow = 0;    ///< the row clicked last, 0 for none
+    std::vector<bool> RowSelected;
+    std::string ToolTip;
+    unsigned Revision = 0;  ///< grows with every change of rows, columns or cells
+
+    std::function<void(int column)> ColumnMoved;               ///< `Order`s are set already
+    std::function<void(int column, int width)> ColumnResized;  ///< pixels; not stored yet
+    std::function<void()> HeaderRightClick;
+    std::function<void(int column)> MouseOver;  ///< 0: over no column
+    std::function<void()> Scrolled;             ///< `ScrollOffsetX` is set already
+    std::function<bool(int key)> Key;
+    std::function<void(int row)> RowClick;
+};
+
+/// Removes all rows, and with them the selection. Columns stay.
+void ClearGrid(Grid& grid);
+
+/// Adds a column behind the last; its `Order` is its number.
+void AddColumn(Grid& grid, GridColumn column);
+
+/// Appends a row with an empty cell for each column, and returns its number.
+int AddRow(Grid& grid);
+
+/// The column, row or cell of that number. Fails with 9 when there is none.
+GridColumn& ColumnOf(Grid& grid, int column);
+GridRow& RowOf(Grid& grid, int row);
+GridCell& CellOf(Grid& grid, int row, int column);
+
+void SetCellText(Grid& grid, int row, int column, std::string text);
+void SetCellNumber(Grid& grid, int row, int column, double number);
+
+/// A date of 0 shows nothing.
+void SetCellDate(Grid& grid, int row, int column, double date);
+
+/// What a cell shows: its text, its number under the column's pattern, or its date.
+std::string ShownText(const Grid& grid, const GridCell& cell, int column);
+
+/// Fits a column to the widest of its header and the cells of its visible rows.
+void AutoWidth(Grid& grid, int column);
+
+/// Sets the width of a column in pixels; a negative width counts as 0.
+void SetColumnWidth(Grid& grid, int column, int width);
+
+/// The numbers of all columns, from left to right: by `Order`, equal ones by number.
+std::vector<int> ColumnsFromLeft(const Grid& grid);
+
+/// Puts a column at the 1-based place `place` among all columns, and numbers all `Order`s anew:
+/// what dragging a header does, before `ColumnMoved` runs.
+void MoveColumn(Grid& grid, int column, int place);
+
+}  // namespace brindlemoor

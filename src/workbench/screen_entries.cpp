@@ -1,0 +1,125 @@
+#include "workbench/screen_entries.h"
+
+#include <string>
+#include <vector>
+
+#include "core/disk_state.h"
+#include "core/numbers.h"
+#include "core/platform.h"
+#include "core/runtime_failure.h"
+#include "core/screen.h"
+#include "core/settings.h"
+#include "image/modified_state.h"
+#include "workbench/directory_grid.h"
+#include "workbench/pc_pane.h"
+#include "workbench/principal.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr std::int32_t kModifiedColour = 65535;
+constexpr std::int32_t kUnchangedColour = 16777215;
+constexpr std::size_t kReOpenItem = 3;
+constexpr std::size_t kSaveItem = 5;
+
+void ShowModified() {
+    const bool modified = Disk.ImageModified != 0;
+    ListDirec.BackColour = modified ? kModifiedColour : kUnchangedColour;
+    PrincipalControl("UndoBtn").Enabled = modified;
+    Menu& files = MenuOf(Principal, "FilesMenu");
+    files.Items[kReOpenItem].Enabled = modified;
+    files.Items[kSaveItem].Enabled = modified;
+}
+
+/// A text that stands in the list chooses its entry; entries beyond the items stay.
+void SetListItems(const std::string& name, const std::vector<std::string>& items) {
+    Control& list = PrincipalControl(name);
+    for (int index = 0; index < static_cast<int>(items.size()); ++index) {
+        const std::string& item = items[static_cast<std::size_t>(index)];
+        const bool chosen = item == list.Text && index < static_cast<int>(list.Items.size());
+        if (chosen) SetListIndex(list, index);
+        SetItem(list, index, item);
+        if (item == list.Text && !chosen) SetListIndex(list, index);
+    }
+}
+
+void SetMenuItems(const std::string& name, const std::vector<std::string>& items) {
+    Menu& menu = MenuOf(Principal, name);
+    for (std::size_t index = 0; index < items.size(); ++index) {
+        if (index >= menu.Items.size()) {
+            if (!menu.CanGrow) Fail(kIndexRange);
+            menu.Items.emplace_back();
+        }
+        menu.Items[index].Caption = items[index];
+        menu.Items[index].Tag = items[index];
+    }
+}
+
+void SetLanguageMenu(const std::vector<std::string>& names,
+                     const std::vector<std::string>& captions, const std::string& language) {
+    Menu& menu = MenuOf(Principal, "LanguageMenu");
+    for (std::size_t index = 0; index < names.size(); ++index) {
+        if (index >= menu.Items.size() || index >= captions.size()) Fail(kIndexRange);
+        MenuItem& item = menu.Items[index];
+        item.Tag = names[index];
+        item.Caption = captions[index];
+        item.Checked = names[index] == language;
+        if (item.Checked) Settings.LanguageIndex = static_cast<int>(index);
+    }
+}
+
+void SetGridHeaders() {
+    constexpr int kHeadersSet = 16;
+    if (ListDirec.Columns.empty()) return;
+    ListDirec.Redraw = false;
+    for (int column = 1; column <= kHeadersSet; ++column) {
+        const auto index = static_cast<std::size_t>(column) - 1;
+        if (index >= Settings.ColumnHeaderList.size()) Fail(kIndexRange);
+        ColumnOf(ListDirec, column).Header = Settings.ColumnHeaderList[index];
+    }
+}
+
+}  // namespace
+
+void ConnectScreen() {
+    Screen = NoScreen();
+    Screen.FillDirectoryGrid = FillDirectoryGrid;
+    Screen.ShowSectorPlace = [](int track, int sector) {
+        SetText(PrincipalControl("Track"), DecimalText(track));
+        SetText(PrincipalControl("Sector"), DecimalText(sector));
+    };
+    Screen.ShowGranuleField = [](bool visible) { PrincipalControl("Granulo").Visible = visible; };
+    Screen.ShowModified = ShowModified;
+    Screen.EditFat = [] {
+        Platform.ShowModal("FatEditor");
+        RefreshModified();
+    };
+    Screen.PcListFolder = [] { return PrincipalControl("File1").Path; };
+    Screen.PcListName = SelectedPcFile;
+    Screen.SetFilePath = [](const std::string& path) {
+        SetText(PrincipalControl("FilePath"), path);
+    };
+    Screen.PathDskText = [] { return PrincipalControl("PathDsk").Text; };
+    Screen.SetPathDsk = [](const std::string& path) { SetText(PrincipalControl("PathDsk"), path); };
+    Screen.SetCaptionAndTag = [](const std::string& name, const std::string& text) {
+        Control& control = PrincipalControl(name);
+        SetText(control, text);
+        control.Tag = text;
+    };
+    Screen.SetListItems = SetListItems;
+    Screen.SetMenuItems = SetMenuItems;
+    Screen.SetLanguageMenu = SetLanguageMenu;
+    Screen.SetControlIndex = [](const std::string& name, int index) {
+        SetListIndex(PrincipalControl(name), index);
+    };
+    Screen.SetControlText = [](const std::string& name, const std::string& text) {
+        SetText(PrincipalControl(name), text);
+    };
+    Screen.SetAlternateRowColour = [](std::int32_t colour) {
+        ListDirec.AlternateRowBackColour = colour;
+    };
+    Screen.SetGridHeaders = SetGridHeaders;
+}
+
+}  // namespace brindlemoor

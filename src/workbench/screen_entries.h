@@ -1,0 +1,8 @@
+#pragma once
+
+namespace brindlemoor {
+
+/// Puts the main window's entries into `Screen`.
+void ConnectScreen();
+
+}  // namespace brindlemoor

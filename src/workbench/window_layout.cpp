@@ -1,0 +1,83 @@
+#include "workbench/window_layout.h"
+
+#include <algorithm>
+
+#include "workbench/directory_totals.h"
+#include "workbench/principal.h"
+
+namespace brindlemoor {
+
+namespace {
+
+// Twips.
+constexpr int kRightMargin = 105;
+constexpr int kGap = 90;
+
+/// The viewer grows to the right with its frame and bars.
+void PlaceViewer(int width, int viewerWidth) {
+    Control& frame = PrincipalControl("Caracteres");
+    Control& viewer = PrincipalControl("Archivo");
+    frame.Width = width - frame.Left - 50;
+    viewer.Width = viewerWidth;
+    PrincipalControl("VScrollA").Left = viewer.Left + viewerWidth;
+    PrincipalControl("HScrollA").Width = viewerWidth;
+    PrincipalControl("Propiedades").Width = viewerWidth;
+}
+
+/// The grid grows both ways; its totals and the geometry line stay at the foot.
+void PlaceDirectory(int width, int height) {
+    Control& grid = PrincipalControl("ListDirec");
+    grid.Width = width - 4500;
+    if (height - 6000 > 0) grid.Height = height - 6000;
+    for (int line = 0; line < 3; ++line) {
+        Control& totals = PrincipalControl("totales", line);
+        totals.Width = width - 4500;
+        totals.Top = line * 300 + height - 1200;
+    }
+    for (const char* name : {"Info", "VerContinuaciones", "VerBorrados"}) {
+        PrincipalControl(name).Top = height - 300;
+    }
+    PrincipalControl("Frame1").Left = width - 4200;
+}
+
+/// The path of the open disk takes the room that the two buttons leave.
+void PlaceTitleLine(int width) {
+    Control& save = PrincipalControl("SaveBtn");
+    Control& undo = PrincipalControl("UndoBtn");
+    Control& path = PrincipalControl("PathDsk");
+    undo.Left = width - kRightMargin - undo.Width;
+    save.Left = undo.Left - kGap - save.Width;
+    path.Width = std::max(save.Left - kGap - path.Left, 0);
+}
+
+/// The allocation bytes fill the column below the map.
+void PlaceAllocationBytes(int height) {
+    const Control& frame = PrincipalControl("Frame1");
+    Control& title = PrincipalControl("LabelFat");
+    Control& button = PrincipalControl("EditBat");
+    Control& bytes = PrincipalControl("EditFAT");
+    title.Left = frame.Left;
+    title.Top = frame.Top + frame.Height + kGap;
+    button.Left = frame.Left + frame.Width - button.Width;
+    button.Top = title.Top;
+    bytes.Left = frame.Left;
+    bytes.Top = title.Top + title.Height + kGap / 2;
+    if (height - kGap > bytes.Top) bytes.Height = height - kGap - bytes.Top;
+}
+
+}  // namespace
+
+void ResizePrincipal(int width, int height) {
+    constexpr int kRightOfViewer = 350;
+    const int viewerWidth = width - PrincipalControl("Archivo").Left - kRightOfViewer;
+    if (viewerWidth < 1) return;
+    Principal.Width = width;
+    Principal.Height = height;
+    PlaceViewer(width, viewerWidth);
+    PlaceTitleLine(width);
+    PlaceDirectory(width, height);
+    PlaceAllocationBytes(height);
+    LayoutTotals();
+}
+
+}  // namespace brindlemoor
