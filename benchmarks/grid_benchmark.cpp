@@ -11,6 +11,7 @@
 #include "core/settings.h"
 #include "workbench/directory_grid.h"
 #include "workbench/principal.h"
+#include "workbench/start_up.h"
 
 namespace brindlemoor {
 namespace {

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <utility>
 
 #include "core/disk_state.h"
 #include "core/languages.h"
@@ -18,13 +19,17 @@
 #include "core/settings.h"
 #include "core/settings_start.h"
 #include "workbench/principal.h"
+#include "workbench/start_up.h"
 
 namespace {
 
 /// A settings folder of this process's own, which goes with it.
 struct SettingsFolder {
     SettingsFolder() {
-        Base = std::filesystem::temp_directory_path() /
+        // In memory where the system has such a folder: every input is written many times.
+        const std::filesystem::path memory = "/dev/shm";
+        Base = (std::filesystem::is_directory(memory) ? memory
+                                                      : std::filesystem::temp_directory_path()) /
                ("brindlemoor-fuzz-" + std::to_string(getpid()));
         std::filesystem::create_directories(Base / "Brindlemoor");
         setenv("appdata", Base.c_str(), 1);
@@ -38,6 +43,18 @@ struct SettingsFolder {
 
     std::filesystem::path Base;
 };
+
+/// The main window as it is designed. Building it looks at the drives and folders of the PC, so
+/// that is done once; every input finds a copy.
+void RestorePrincipal() {
+    using namespace brindlemoor;
+    static const auto built = [] {
+        BuildPrincipal();
+        return std::pair(Principal, ListDirec);
+    }();
+    Principal = built.first;
+    ListDirec = built.second;
+}
 
 void UseSettings() {
     using namespace brindlemoor;
@@ -61,13 +78,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Settings = SettingsState();
     Disk = DiskState();
     WindowBusy = false;
-    Screen = NoScreen();
     Platform = SilentPlatform();
     // The question whether to replace a file of another version: No keeps the input.
     Platform.ShowMessage = [](const std::string&, const std::string&, Buttons, MessageIcon) {
         return Answer::No;
     };
-    BuildPrincipal();
+    RestorePrincipal();
     std::ofstream(folder.Base / "Brindlemoor" / "Brindlemoor.INI", std::ios::binary)
         << std::string(data, data + size);
     try {

@@ -11,6 +11,7 @@
 #include "platform/qt/shell.h"
 #include "workbench/acerca.h"
 #include "workbench/principal.h"
+#include "workbench/start_up.h"
 
 namespace {
 

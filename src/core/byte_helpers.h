@@ -65,8 +65,8 @@ std::string NumberToBytes(double value, int length, std::string_view order);
 
 /// The number in `bytes`, lowest first, or highest first when `order` is exactly "I". 1 byte and 3
 /// bytes are unsigned, 2 and 4 bytes signed; 5 to 8 bytes hold the value times 10,000 (fewer than
-/// eight are the low ones). 0 for no bytes or more than 8. With "I", a string of at most 8 bytes
-/// stays reversed in `bytes`.
+/// eight are the low ones), of which a double keeps 53 bits. 0 for no bytes or more than 8. With
+/// "I", a string of at most 8 bytes stays reversed in `bytes`.
 double BytesToNumber(std::string& bytes, std::string_view order);
 
 /// The same for a temporary, as nearly all callers have one.

@@ -15,7 +15,10 @@ using std::chrono::sys_days;
 
 constexpr sys_days kDayZero{std::chrono::year{1899} / 12 / 30};
 
-// Years 100 to 9999, as four digits hold them.
+constexpr int kFirstYear = 100;
+constexpr int kLastYear = 9999;
+
+// The first day of the first year, and the day behind the last year.
 constexpr double kFirstDay = -657434;
 constexpr double kDayBehindLast = 2958466;
 
@@ -29,7 +32,8 @@ struct DateParts {
 };
 
 DateParts PartsOf(double date) {
-    if (!(date >= kFirstDay && date < kDayBehindLast)) Fail(kOverflow);
+    // The times of the first day count away from 0 too.
+    if (!(date > kFirstDay - 1 && date < kDayBehindLast)) Fail(kOverflow);
     double whole = 0;
     const double fraction = std::fabs(std::modf(date, &whole));
     DateParts parts{static_cast<int>(whole),
@@ -39,6 +43,10 @@ DateParts PartsOf(double date) {
         ++parts.Day;
     }
     return parts;
+}
+
+bool Within(int value, int lowest, int highest) {
+    return value >= lowest && value <= highest;
 }
 
 std::string DayText(int day) {
@@ -85,13 +93,17 @@ CalendarTime CalendarTimeOf(double date) {
 }
 
 bool DateFromCalendar(const CalendarTime& time, double& date) {
-    if (time.Month < 1 || time.Month > 12 || time.Day < 1) return false;
+    const bool fields = Within(time.Year, kFirstYear, kLastYear) && Within(time.Month, 1, 12) &&
+                        Within(time.Day, 1, 31) && Within(time.Hour, 0, 23) &&
+                        Within(time.Minute, 0, 59);
+    if (!fields) return false;
     const std::chrono::year_month_day day{std::chrono::year{time.Year},
                                           std::chrono::month{static_cast<unsigned>(time.Month)},
                                           std::chrono::day{static_cast<unsigned>(time.Day)}};
-    const bool clock = time.Hour >= 0 && time.Hour < 24 && time.Minute >= 0 && time.Minute < 60;
-    if (!day.ok() || !clock) return false;
-    date = DayCount(time.Year, time.Month, time.Day) + (time.Hour * 60 + time.Minute) / 1440.0;
+    if (!day.ok()) return false;
+    const double whole = DayCount(time.Year, time.Month, time.Day);
+    const double fraction = (time.Hour * 60 + time.Minute) / 1440.0;
+    date = whole < 0 ? whole - fraction : whole + fraction;
     return true;
 }
 

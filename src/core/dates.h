@@ -28,8 +28,8 @@ struct CalendarTime {
 /// The day and time of a date, seconds left out. Fails with 6 outside the years 100 to 9999.
 CalendarTime CalendarTimeOf(double date);
 
-/// Puts the day count of `time` into `date`. A day or time that does not exist leaves `date` as it
-/// was, and returns false.
+/// Puts the day count of `time` into `date`. A day or time that does not exist, or a year outside
+/// 100 to 9999, leaves `date` as it was, and returns false.
 bool DateFromCalendar(const CalendarTime& time, double& date);
 
 }  // namespace brindlemoor

@@ -1,5 +1,8 @@
 #include "core/runtime_failure.h"
 
+#include <new>
+#include <stdexcept>
+
 namespace brindlemoor {
 
 std::string FailureText(int number) {
@@ -25,6 +28,19 @@ std::string FailureText(int number) {
 
 void Fail(int number) {
     throw RuntimeFailure{number, FailureText(number)};
+}
+
+std::optional<RuntimeFailure> FailureOfStep(const std::function<void()>& step) {
+    try {
+        step();
+        return std::nullopt;
+    } catch (const RuntimeFailure& failure) {
+        return failure;
+    } catch (const std::bad_alloc&) {
+        return RuntimeFailure{kOutOfMemory, FailureText(kOutOfMemory)};
+    } catch (const std::length_error&) {
+        return RuntimeFailure{kOutOfMemory, FailureText(kOutOfMemory)};
+    }
 }
 
 std::string ErrorBoxText(const RuntimeFailure& failure) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 
 namespace brindlemoor {
@@ -15,9 +17,10 @@ enum FailureNumber : int {
     kControlNotFound = 730,
 };
 
-/// The one exception type of the program. It is caught in two places only: by the event
-/// dispatcher, which shows the error box and ends the program, and at the entry of an operation
-/// that can put everything back as it was before it began (opening an image, a conversion).
+/// The one exception type of the program. What a routine does not expect and handle itself is
+/// caught in two places only: by the event dispatcher, which shows the error box and ends the
+/// program, and at the entry of an operation that can put everything back as it was before it
+/// began (opening an image, a conversion). Both use `FailureOfStep`.
 struct RuntimeFailure {
     int Number = 0;
     std::string Text;
@@ -28,6 +31,10 @@ std::string FailureText(int number);
 
 /// Throws the `RuntimeFailure` of that number with its usual text.
 [[noreturn]] void Fail(int number);
+
+/// Runs `step` and returns the failure that ended it, if one did. Memory that the machine does not
+/// have is failure 7.
+std::optional<RuntimeFailure> FailureOfStep(const std::function<void()>& step);
 
 /// The text that the error box shows: "Run-time error '9':", an empty line, the failure's text.
 std::string ErrorBoxText(const RuntimeFailure& failure);

@@ -11,6 +11,7 @@ ScreenTable NoScreen() {
     table.DrawSectorMap = [](int) {};
     table.ShowSectorPlace = [](int, int) {};
     table.ShowGranuleField = [](bool) {};
+    table.KeepSectorView = [] { return [] {}; };
     table.ShowModified = [] {};
     table.GiveUpColumnSort = [] {};
     table.EditFat = [] {};

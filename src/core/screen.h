@@ -16,6 +16,8 @@ struct ScreenTable {
     std::function<void(int resetMark)> DrawSectorMap;            ///< -1 forgets the old mark
     std::function<void(int track, int sector)> ShowSectorPlace;  ///< track from 0, sector from 1
     std::function<void(bool visible)> ShowGranuleField;
+    /// Remembers the fields of the sector view, and returns the routine that puts them back.
+    std::function<std::function<void()>()> KeepSectorView;
     std::function<void()> ShowModified;  ///< colours and enables by `Disk.ImageModified`
     std::function<void()> GiveUpColumnSort;
     std::function<void()> EditFat;  ///< offers the FAT editor, and looks at the image behind it

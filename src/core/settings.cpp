@@ -8,6 +8,7 @@
 #include "core/byte_helpers.h"
 #include "core/disk_state.h"
 #include "core/runtime_failure.h"
+#include "core/safe_file.h"
 
 namespace brindlemoor {
 
@@ -113,9 +114,8 @@ std::string OpenOrMakeSettings(const std::string& path) {
 }
 
 void WriteSettings(const std::string& path, const std::string& text) {
-    File file = OpenSettings(path, "wb");
-    const bool written = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
-    if (!written || std::fclose(file.release()) != 0) FailWithSystemError();
+    const std::error_code error = ReplaceFile(path, text, Flush::No);
+    if (error) throw RuntimeFailure{error.value(), error.message()};
 }
 
 int IniValue(const std::string& section, const std::string& key, std::string& value,

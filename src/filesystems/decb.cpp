@@ -19,6 +19,12 @@ constexpr char kBlankByte = static_cast<char>(235);
 
 constexpr int kDiskNameBytes = 256;
 
+/// Bytes of a slot that hold something.
+constexpr std::size_t kDecbSlotFields = 16;
+
+/// The first byte of the slot behind the last one.
+constexpr int kEndOfDirectory = 255;
+
 void SetGeometry() {
     const double sectors = static_cast<double>(Disk.ImageBytes.size()) / kSectorSize;
     Disk.SectorsPerTrack = kDecbSectorsPerTrack;
@@ -94,13 +100,14 @@ std::string ReadDirectory() {
         const std::string slot =
             CutBytes(Disk.ImageBytes, kDecbDirectoryOffset + Disk.DirCount * kDecbSlotBytes,
                      kDecbSlotBytes);
-        if (slot.empty()) {
+        const bool whole = slot.size() >= kDecbSlotFields;
+        if (!whole && ByteOr(slot, 0, 0) != kEndOfDirectory) {
             // The image ends inside its directory: the rows before this one stand.
             ShowDiskMessage("Error!!! " + DecimalText(kInvalidCall) + " " +
                             FailureText(kInvalidCall));
             break;
         }
-        if (ByteAt(slot, 0) == kDecbFreeGranule) break;
+        if (ByteAt(slot, 0) == kEndOfDirectory) break;
         DirEntry& row = DirTable[Disk.DirCount];
         ReadSlot(slot, row);
         if ((row.Flags & kFlagDeleted) == 0) {

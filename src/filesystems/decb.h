@@ -59,8 +59,8 @@ bool ReadDecbDisk();
 /// longer than 100 granules, sets `DiskFamily` to OS-9 and leaves what was gathered.
 void ReadChain(const std::string& fat);
 
-/// What a FAT byte says, for the comparison of two tables: " 255 (Libre)", or the value and the
-/// sectors of a last granule, as "193 (UltGr+1 Sec) ".
+/// What a FAT byte says, for the comparison of two tables: " 255 (Libre)", " ProxGr=0" for 0, and
+/// for any other value the value and the sectors of a last granule, as "193 (UltGr+1 Sec) ".
 std::string FatByteText(int value);
 
 }  // namespace brindlemoor

@@ -67,7 +67,7 @@ void NameRow(const std::string& entry, int index) {
 }
 
 /// A row that continues the file takes its names, and has no bytes of its own.
-void NameContinuation(int flags, int index) {
+void NameContinuation(int index) {
     const DirEntry& first = DirTable[Disk.DirCount];
     DirEntry& row = DirTable[index];
     row.Name = first.Name;
@@ -75,7 +75,6 @@ void NameContinuation(int flags, int index) {
     row.FullName = first.FullName;
     row.FileType = first.FileType;
     row.FormatChar = first.FormatChar;
-    row.Flags = static_cast<std::uint8_t>(flags);
     row.Content.clear();
     row.Chain.clear();
     row.Size = 0;
@@ -104,7 +103,7 @@ ExtentList FollowEntries(const std::string& directory) {
             extents.Bytes = CutBytes(entry, 12, 12);
         } else {
             extents.Bytes += CutBytes(entry, 1, 24);
-            NameContinuation(flags, index);
+            NameContinuation(index);
         }
         extents.LastByte = ByteOr(entry, 24, 0);
         if ((flags & kFlagContinued) == 0) return extents;

@@ -44,8 +44,9 @@ inline constexpr int kDragonSectorLimit = 721;
 /// bitmap that differs from the files; that one offers the FAT editor.
 ///
 /// `DirCount` ends as the number of rows. Returns false when more than 180 live continuation
-/// entries were found. Fails with 5 on a file whose extents hold less than the unused part of its
-/// last sector, with 7 on continuation links that lead round in a ring.
+/// entries were found: more than the directory has, and only where `Disk.ContinuationCount` does
+/// not start at 0. Fails with 5 on a file whose extents hold less than the unused part of its last
+/// sector, with 7 on continuation links that lead round in a ring.
 bool ReadDragonDisk();
 
 }  // namespace brindlemoor

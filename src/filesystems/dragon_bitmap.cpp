@@ -13,10 +13,10 @@ namespace brindlemoor {
 namespace {
 
 constexpr int kBitmapSectorBytes = 180;
-constexpr int kComparedTrackBytes = 4608;   // 18 sectors, also where a track has more
-constexpr int kSystemTrackSectors = 18;     // marked as used, also where a track has more
-constexpr int kShownSectorsPerTrack = 18;   // of the list of differences, on every disk
-constexpr std::int64_t kLongestList = 925;  // characters
+constexpr int kComparedTrackBytes = 4608;  // 18 sectors, also where a track has more
+constexpr int kSystemTrackSectors = 18;    // marked as used, also where a track has more
+constexpr int kShownSectorsPerTrack = 18;  // of the list of differences, on every disk
+constexpr std::size_t kLongestList = 925;  // characters
 
 std::string BitmapOfTrack(int track) {
     const std::int64_t sector = static_cast<std::int64_t>(Disk.SectorsPerTrack) * track;
@@ -33,21 +33,22 @@ std::string ByteLine(int firstSector, int stored, int computed) {
     const int last = firstSector + 7;
     constexpr int kPerTrack = kShownSectorsPerTrack;
     return "\r\n" + PadFormat(firstSector / kPerTrack, "00") + ":" +
-           PadFormat(firstSector % kPerTrack + 1, "00") + " - " + PadFormat(last / kPerTrack, "00") +
-           "/" + PadFormat(last % kPerTrack + 1, "00") + " [" + PadFormat(firstSector, "000") +
-           "-" + PadFormat(last, "000") + "] -> " + ByteToBits(stored) + "<>" +
-           ByteToBits(computed);
+           PadFormat(firstSector % kPerTrack + 1, "00") + " - " +
+           PadFormat(last / kPerTrack, "00") + "/" + PadFormat(last % kPerTrack + 1, "00") + " [" +
+           PadFormat(firstSector, "000") + "-" + PadFormat(last, "000") + "] -> " +
+           ByteToBits(stored) + "<>" + ByteToBits(computed);
 }
 
 std::string DifferenceList() {
     std::string list;
-    for (int place = 0; place < kDragonBitmapBytes; ++place) {
+    // Lines behind the cut need not be made.
+    for (int place = 0; place < kDragonBitmapBytes && list.size() < kLongestList; ++place) {
         const int stored = ByteOr(Disk.FatBytes, place, -1);
         const int computed = ByteAt(Disk.FatComputed, place);
         if (stored < 0 || stored == computed) continue;
         list += ByteLine(place * 8, stored, computed);
     }
-    return Left(list, kLongestList);
+    return Left(list, static_cast<std::int64_t>(kLongestList));
 }
 
 }  // namespace
@@ -79,8 +80,7 @@ void CompareDragonBitmap() {
         "Bit=0->(Used) Bit=1->(Free)\r\n\r\n"
         "Tr/Se - Tr/Sec  [Sectors]        Actual    <>   Correct" +
             DifferenceList() + "\r\n\r\nEDITAR?",
-        "Error!!!... En FAT en los sectores siguientes:", Buttons::YesNo,
-        MessageIcon::Exclamation);
+        "Error!!!... En FAT en los sectores siguientes:", Buttons::YesNo, MessageIcon::Exclamation);
     if (answer == Answer::Yes) Screen.EditFat();
 }
 

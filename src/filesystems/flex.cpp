@@ -66,10 +66,10 @@ void ReadFlexFile(const std::string& slot, DirEntry& row) {
 
 void ReadFlexSlot(const std::string& slot, DirEntry& row) {
     row.Name = WithoutZeroBytes(CutBytes(slot, 0, 8));
-    if ((ByteOr(row.Name, 0, 0) & 0x80) != 0) {
-        row.Flags = kFlagDeleted;
-        ++Disk.DeletedCount;
-    }
+    const bool deleted = (ByteOr(row.Name, 0, 0) & 0x80) != 0;
+    // A row that was only deleted in the table is back when the same disk is read again.
+    row.Flags = deleted ? kFlagDeleted : 0;
+    if (deleted) ++Disk.DeletedCount;
     row.Ext = WithoutZeroBytes(CutBytes(slot, 8, 3));
     row.FullName = row.Name + "'" + row.Ext;
     row.Attributes = static_cast<std::uint8_t>(ByteOr(slot, 11, 0));

@@ -15,7 +15,8 @@
 // System Information Record:
 //    0  2  zero
 //   16 10  volume label, zero bytes removed
-//   26  1  number of the volume
+//   26  1  the label's eleventh byte, shown as a number
+//   27  2  number of the volume (not used here)
 //   29  4  free chain: first track and sector, last track and sector (not used here)
 //   35  3  date: month, day, year
 //   38  1  last track
@@ -29,7 +30,8 @@
 //   15  2  last track and sector (not used here)
 //   17  2  sectors, high byte first
 //   19  1  not 0: a random file
-//   20  3  date; its bytes are taken as day, month, year
+//   20  3  taken as a date: day, month, year. FLEX leaves byte 20 alone and writes month, day and
+//          year from 21 on, so that its own dates have no day here
 
 namespace brindlemoor {
 
@@ -39,8 +41,9 @@ inline constexpr int kFlexRandomAttribute = 0x08;
 /// Reads the information record and the directory into `Disk` and `DirTable`, and gathers the
 /// contents of the files, deleted ones too. Shows a message when the record does not begin with
 /// two zero bytes, and one for each chain that leads out of the image. `DirCount` ends as the
-/// number of rows. Fails with 11 for 0 sectors per track, with 7 on links that lead round in a
-/// ring of several sectors, with 9 on more rows than the table has.
+/// number of rows. A second call for the same disk adds to the counts of `Disk`. Fails with 11
+/// for 0 sectors per track, with 7 on links that lead round in a ring of several sectors, with 9
+/// on more rows than the table has, and with 6 on more than 32,767 tracks.
 void ReadFlexDisk();
 
 /// Gathers a chain of linked sectors from the linear number `cursor` on into `out`, and counts

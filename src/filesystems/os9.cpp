@@ -1,5 +1,6 @@
 #include "filesystems/os9.h"
 
+#include <cstdint>
 #include <string>
 
 #include "core/byte_helpers.h"
@@ -28,12 +29,13 @@ void SettleTotalSectors() {
     const auto sectors = static_cast<std::int32_t>(bytes / kSectorSize);
     if (sectors == Disk.TotalSectors) return;
     const double stored = Disk.TotalSectors;
-    const Answer answer = Platform.ShowMessage(
-        "Según Archivo Virtual  : "_w + Grouped(sectors) + " sectores = " +
-            Grouped(static_cast<double>(bytes)) + " Bytes\r\n" + "Según Cabecera Disco: "_w +
-            Grouped(stored) + " sectores = " + Grouped(stored * kSectorSize) + " Bytes\r\n" +
-            "Desea usar la 1ra cifra",
-        "Tamaño incorrecto"_w, Buttons::YesNo, MessageIcon::Question);
+    const Answer answer =
+        Platform.ShowMessage("Según Archivo Virtual  : "_w + Grouped(sectors) +
+                                 " sectores = " + Grouped(static_cast<double>(bytes)) +
+                                 " Bytes\r\n" + "Según Cabecera Disco: "_w + Grouped(stored) +
+                                 " sectores = " + Grouped(stored * kSectorSize) + " Bytes\r\n" +
+                                 "Desea usar la 1ra cifra",
+                             "Tamaño incorrecto"_w, Buttons::YesNo, MessageIcon::Question);
     if (answer == Answer::Yes) Disk.TotalSectors = sectors;
 }
 
@@ -42,13 +44,17 @@ std::string Field(int offset, int length) {
     return CutBytes(Disk.ImageBytes, offset, length);
 }
 
+/// DD.MAP, which is read as a signed number.
+int MapBytes() {
+    const int bytes = BigEndian(Field(4, 2));
+    return bytes < 0 ? bytes + 65536 : bytes;
+}
+
 void ReadIdentification() {
     Disk.TotalSectors = BigEndian(Field(0, 3));
     SettleTotalSectors();
     Disk.SectorsPerTrack = static_cast<std::int16_t>(ByteOr(Disk.ImageBytes, 3, 0));
-    int mapBytes = BigEndian(Field(4, 2));
-    if (mapBytes < 0) mapBytes += 65536;
-    Disk.FatBytes = CutBytes(Disk.ImageBytes, kMapOffset, mapBytes);
+    Disk.FatBytes = CutBytes(Disk.ImageBytes, kMapOffset, MapBytes());
     Disk.Os9ClusterSize = static_cast<std::int16_t>(BigEndian(Field(6, 2)));
     Disk.Os9RootLsn = static_cast<std::int16_t>(BigEndian(Field(9, 2)));
     Disk.Os9Owner = ByteOr(Disk.ImageBytes, 11, 0);
@@ -66,8 +72,7 @@ void ReadIdentification() {
 
 void SetGeometry() {
     if (Disk.SectorsPerTrack == 0) Fail(kDivisionByZero);
-    Disk.TrackCount =
-        WholeNumber16(static_cast<double>(Disk.TotalSectors) / Disk.SectorsPerTrack);
+    Disk.TrackCount = WholeNumber16(static_cast<double>(Disk.TotalSectors) / Disk.SectorsPerTrack);
     const int track = Disk.Os9RootLsn / Disk.SectorsPerTrack;
     Screen.ShowSectorPlace(track, Disk.Os9RootLsn - track * Disk.SectorsPerTrack + 2);
 }
@@ -84,9 +89,7 @@ std::string Segment(int start, int count) {
 /// The row for LSN 0 and the map behind it.
 void MakeMapRow() {
     DirEntry& row = DirTable[Disk.DirCount];
-    int mapBytes = BigEndian(Field(4, 2));
-    if (mapBytes < 0) mapBytes += 65536;
-    const std::int64_t bytes = kMapOffset + mapBytes;
+    const std::int64_t bytes = kMapOffset + MapBytes();
     row.Name = "Ident+alloc. map [LSN0+1]";
     row.FullName = row.Name;
     GatherBytes(row.Content, 0, bytes);

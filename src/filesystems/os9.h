@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-
 // OS-9 and NitrOS-9, the volume.
 //
 // Logical sectors (LSN) count from 0, 256 bytes each; numbers are high byte first. LSN 0:

@@ -53,8 +53,7 @@ DateFields FieldsOf(double date) {
 
 std::string BytesOf(const DateFields& fields, int length) {
     std::string bytes;
-    for (const int field :
-         {fields.Year, fields.Month, fields.Day, fields.Hour, fields.Minute}) {
+    for (const int field : {fields.Year, fields.Month, fields.Day, fields.Hour, fields.Minute}) {
         if (field < 0 || field > 255) Fail(kInvalidCall);
         bytes += static_cast<char>(field);
     }
@@ -76,15 +75,14 @@ std::string Os9NameText(const std::string& text) {
 std::string Os9DateBytes(std::string& bytes, double& date) {
     if (bytes.empty()) {
         bytes = BytesOf(FieldsOf(date), 5);
-    } else if (bytes.size() == 3 || bytes.size() == 5) {
-        DateFromBytes(bytes, date);
+    } else {
+        ReadOs9Date(bytes, date);
     }
     return DateText(date);
 }
 
-void ReadOs9Date(std::string bytes, double& date) {
-    if (bytes.empty()) return;
-    Os9DateBytes(bytes, date);
+void ReadOs9Date(const std::string& bytes, double& date) {
+    if (bytes.size() == 3 || bytes.size() == 5) DateFromBytes(bytes, date);
 }
 
 std::string Os9DateField(double date, int length) {
@@ -93,6 +91,7 @@ std::string Os9DateField(double date, int length) {
     if (fields.Month < 0 || fields.Month > 12) fields.Month = 0;
     if (fields.Day < 0 || fields.Day > 31) fields.Day = 0;
     if (fields.Hour < 0 || fields.Hour > 24) fields.Hour = 0;
+    // No date has such a minute, so that the cursor of the rows keeps its place.
     if (fields.Minute < 0 || fields.Minute > 59) Disk.DirCount = 0;
     return BytesOf(fields, length);
 }

@@ -16,13 +16,14 @@ namespace brindlemoor {
 std::string Os9NameText(const std::string& text);
 
 /// Converts a date between its forms. An empty `bytes` gets five bytes from `date` (fails with 5
-/// for a year outside 1900 to 2155); three or five bytes go into `date`: an impossible date leaves
-/// it as it was, no day and no month give only the time of day, or 0. Other lengths change
-/// nothing. Returns `date` as text.
+/// for a year outside 1900 to 2155); other bytes go into `date` as `ReadOs9Date` says. Returns
+/// `date` as text.
 std::string Os9DateBytes(std::string& bytes, double& date);
 
-/// The date in `bytes`, three or five, over `date`: the reading half of `Os9DateBytes`.
-void ReadOs9Date(std::string bytes, double& date);
+/// The date in `bytes`, three or five, over `date`. An impossible date leaves it as it was; a day
+/// and a month of 0 give the time of day alone, or 0. Other lengths, as a cut image has them,
+/// change nothing.
+void ReadOs9Date(const std::string& bytes, double& date);
 
 /// `date` as `length` (3 or 5) bytes for writing, fields outside their range as 0. A year outside
 /// 1900 to 2155 makes all fields 0. (A minute out of range would set `Disk.DirCount` to 0.)

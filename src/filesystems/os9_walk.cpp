@@ -32,9 +32,9 @@ void GatherSegments(DirEntry& row) {
         count = std::min(count, diskSectors);
         row.SectorCount += count;
         // What lies behind the file's size is cut off anyway, and is not gathered at all.
-        const auto wanted = std::min<std::int64_t>(
-            static_cast<std::int64_t>(count) * kSectorSize,
-            row.Size - static_cast<std::int64_t>(row.Content.size()));
+        const auto wanted =
+            std::min<std::int64_t>(static_cast<std::int64_t>(count) * kSectorSize,
+                                   row.Size - static_cast<std::int64_t>(row.Content.size()));
         if (wanted > 0) {
             GatherBytes(row.Content, static_cast<std::int64_t>(start) * kSectorSize, wanted);
         }
@@ -62,7 +62,7 @@ bool ReadDescriptor(const std::string& name, std::int64_t position, DirEntry& ro
     ReadOs9Date(CutBytes(descriptor, 13, 3), row.CreatedDate);
     row.TreeLevel = static_cast<std::int16_t>(level);
     row.SectorCount = 1;
-    if (ByteOr(name, 0, 0) == 0) {
+    if (ByteOr(name, 0, -1) == 0) {
         row.Flags = kFlagDeleted;
         ++Disk.DeletedCount;
         row.Size = 0;

@@ -3,11 +3,13 @@
 #include <cstdint>
 #include <string>
 
+#include "core/disk_state.h"
+
 namespace brindlemoor {
 
 /// `length` bytes of the open image from the first byte of the 0-based logical sector `lsn` on:
 /// fewer where the image ends before them. A negative sector or length fails with 5.
-std::string SectorBytes(std::int64_t lsn, std::int64_t length = 256);
+std::string SectorBytes(std::int64_t lsn, std::int64_t length = kSectorSize);
 
 /// More bytes than this, gathered for the files of one disk, are a damaged or hostile disk whose
 /// files lie over each other again and again.
@@ -20,12 +22,6 @@ void ResetGatheredBytes();
 /// the image ends before them. Fails with 7 when the files of the disk grow past
 /// `kMostGatheredBytes`, and with 5 on a negative offset or length.
 void GatherBytes(std::string& content, std::int64_t offset, std::int64_t length);
-
-/// The 0-based offset in the image of sector `sector` (from 1) of track `track` (from 0) on a disk
-/// of `sectorsPerTrack` sectors.
-constexpr std::int64_t SectorOffset(int track, int sector, int sectorsPerTrack) {
-    return (static_cast<std::int64_t>(track) * sectorsPerTrack + sector - 1) * 256;
-}
 
 /// Shows a message of the disk check with its OK button.
 void ShowDiskMessage(const std::string& text);

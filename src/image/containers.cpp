@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <string>
+#include <utility>
 
 #include "core/byte_helpers.h"
 #include "core/disk_state.h"
@@ -26,7 +27,7 @@ constexpr int kDmkSlotBytes = 338;
 constexpr int kDmkGapOffset = 144;
 constexpr int kDmkGapBytes = 32;
 constexpr char kDmkGapByte = 'N';
-constexpr std::array<int, 18> kDmkSkew = {0, 7, 14, 3,  10, 17, 6,  4, 1,
+constexpr std::array<int, 18> kDmkSkew = {0, 7, 14, 3,  10, 17, 6, 4,  1,
                                           8, 9, 5,  11, 12, 13, 2, 15, 16};
 
 /// The first `length` bytes of the image become its header.
@@ -39,7 +40,8 @@ void CutHeader(int length) {
 /// read from the image that is left, not from the header: that is this container's rule here.
 int RemoveDkHeader() {
     if (LowerCase(Left(Disk.ImageBytes, 2)) != "dk") return 0;
-    int length = ByteOr(Disk.ImageBytes, 2, 0) + 256 * ByteOr(Disk.ImageBytes, 3, 0);
+    // Two bytes, lowest first, make a signed number: 32,768 and more count as too short.
+    int length = WholeNumber16(BytesToNumber(CutBytes(Disk.ImageBytes, 2, 2), ""));
     if (length < kShortestDkHeader) length = kShortestDkHeader;
     CutHeader(length);
     const int tracks = ByteOr(Disk.ImageBytes, 7, 0);
@@ -95,7 +97,7 @@ void FlattenDmk(int firstByte) {
             sectors += CutBytes(Disk.ImageBytes, offset, kSectorSize);
         }
     }
-    Disk.ImageBytes = sectors;
+    Disk.ImageBytes = std::move(sectors);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "image/open_image.h"
 
+#include <functional>
 #include <string>
 #include <utility>
 
@@ -23,10 +24,12 @@ struct SetAside {
     DiskState State;
     DirectoryTable Rows;
     std::string PathDsk;
+    std::function<void()> ShowSectorView;
 };
 
-/// Sets the open disk aside without copying its image or its files.
-SetAside SetDiskAside() {
+/// Sets the open disk aside without copying its image or its files. `modified` is whether it had
+/// unsaved changes, before the user agreed to lose them.
+SetAside SetDiskAside(std::int16_t modified) {
     SetAside aside;
     std::string image = std::move(Disk.ImageBytes);
     std::string file = std::move(Disk.ImageOnOpen);
@@ -35,8 +38,10 @@ SetAside SetDiskAside() {
     aside.State.ImageBytes = std::move(image);
     aside.State.ImageOnOpen = std::move(file);
     Disk.PcFileBytes = std::move(viewed);
+    aside.State.ImageModified = modified;
     aside.Rows.Swap(DirTable);
     aside.PathDsk = Screen.PathDskText();
+    aside.ShowSectorView = Screen.KeepSectorView();
     return aside;
 }
 
@@ -48,6 +53,7 @@ void BringDiskBack(SetAside& aside) {
     Disk.PcFileTypeText = std::move(viewedType);
     DirTable.Swap(aside.Rows);
     Screen.SetPathDsk(aside.PathDsk);
+    aside.ShowSectorView();
     Screen.PaintTrackBlock(-1);
     Screen.FillDirectoryGrid();
     Screen.DrawSectorMap(-1);
@@ -87,6 +93,28 @@ void ShowNewDisk(const std::string& folder, const std::string& name, const std::
     Screen.DrawSectorMap(-1);
 }
 
+/// Opens what was loaded into `Disk.PcFileBytes`, or brings the open disk back where that fails.
+void OpenLoadedImage(const std::string& folder, const std::string& name, const std::string& path) {
+    const std::int16_t modified = Disk.ImageModified;
+    if (!MayLeaveDisk()) return;
+    SetAside before = SetDiskAside(modified);
+    const auto failure = FailureOfStep([&] { ShowNewDisk(folder, name, path); });
+    if (!failure) return;
+    Platform.ShowMessage(ErrorBoxText(*failure), Disk.AppTitle, Buttons::Ok, MessageIcon::Critical);
+    BringDiskBack(before);
+}
+
+/// Loads the file and shows it in the viewer. A file that cannot be read leaves nothing to view.
+bool LoadAndView(const std::string& name, std::string path) {
+    std::string bytes;
+    const bool loaded = LoadPcFile("A", path, bytes, 0);
+    Disk.PcFileBytes = std::move(bytes);
+    if (!loaded) return false;
+    Disk.PcFileTypeText = ShortExtension(name) == "BAS" ? "0" : "2";
+    Screen.ViewFile(-1, Disk.PcFileTypeText == "0" ? 0 : 2);
+    return true;
+}
+
 }  // namespace
 
 void OpenImageFromList() {
@@ -94,28 +122,13 @@ void OpenImageFromList() {
     const std::string name = Screen.PcListName();
     const std::string path = JoinPath(folder, name);
     Screen.SetFilePath(path);
-    std::string source = path;
-    std::string bytes;
-    const bool loaded = LoadPcFile("A", source, bytes, 0);
-    Disk.PcFileBytes = std::move(bytes);
-    if (!loaded) return;
-    Disk.PcFileTypeText = ShortExtension(name) == "BAS" ? "0" : "2";
-    Screen.ViewFile(-1, Disk.PcFileTypeText == "0" ? 0 : 2);
-    if (!LooksLikeImage(name)) return;
+    if (!LoadAndView(name, path) || !LooksLikeImage(name)) return;
     if (Disk.PcFileBytes.size() < kShortestImage) {
         Platform.ShowMessage("Disco Virtual muy pequeño, como para leer el Directorio"_w,
                              Disk.AppTitle, Buttons::Ok, MessageIcon::Exclamation);
         return;
     }
-    if (!MayLeaveDisk()) return;
-    SetAside before = SetDiskAside();
-    try {
-        ShowNewDisk(folder, name, path);
-    } catch (const RuntimeFailure& failure) {
-        Platform.ShowMessage(ErrorBoxText(failure), Disk.AppTitle, Buttons::Ok,
-                             MessageIcon::Critical);
-        BringDiskBack(before);
-    }
+    OpenLoadedImage(folder, name, path);
 }
 
 }  // namespace brindlemoor

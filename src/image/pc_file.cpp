@@ -1,6 +1,5 @@
 #include "image/pc_file.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -8,14 +7,12 @@
 #include <memory>
 #include <system_error>
 
-#if __has_include(<unistd.h>)
-#include <unistd.h>
-#endif
-
 #include "core/byte_helpers.h"
 #include "core/disk_state.h"
 #include "core/numbers.h"
 #include "core/platform.h"
+#include "core/runtime_failure.h"
+#include "core/safe_file.h"
 
 namespace brindlemoor {
 
@@ -54,13 +51,22 @@ void ReplaceForbiddenCharacters(std::string& path) {
     }
 }
 
+/// The leading number of an answer; one that is too large for a number is no drive either.
+double DriveNumber(const std::string& answer) {
+    try {
+        return LeadingNumber(answer);
+    } catch (const RuntimeFailure&) {
+        return -1;
+    }
+}
+
 /// Asks for the virtual drive until the answer's leading number is one, and returns its part.
 FilePart AskHardDiskPart() {
     double drive = 0;
     do {
         VhdReply = Platform.AskText("Seleccione la unidad: DECB 0-255 o [ENTER] para OS9/NITROS9",
                                     Disk.AppTitle, VhdReply);
-        drive = LeadingNumber(VhdReply);
+        drive = DriveNumber(VhdReply);
     } while (drive < 0 || drive > 255);
     if (VhdReply.empty()) return {0, kHardDiskOs9Bytes};
     return {kHardDiskLimit + static_cast<long long>(drive) * kVirtualDriveBytes,
@@ -77,6 +83,10 @@ bool ReadPart(std::FILE* file, FilePart part, std::string& data) {
 
 bool ReadPcFile(const std::string& path, std::string& data) {
     std::error_code error;
+    // The system would read such a name only as far as its zero byte.
+    if (path.find('\0') != std::string::npos) {
+        return ShowSystemError(std::make_error_code(std::errc::invalid_argument));
+    }
     // A pipe or a device is never opened: reading it may not end.
     const bool special = fs::is_other(path, error);
     if (special) return ShowSystemError(std::make_error_code(std::errc::not_supported));
@@ -91,7 +101,7 @@ bool ReadPcFile(const std::string& path, std::string& data) {
     return ReadPart(file.get(), part, data) || ShowSystemError(LastError());
 }
 
-/// The questions before a file is written. False when the user gave up: `path` is empty then.
+/// The questions before a file is written. False when the user gave up: `path` becomes empty.
 bool AskBeforeWriting(std::string& path, int options) {
     std::error_code error;
     bool exists = fs::exists(path, error);
@@ -102,7 +112,7 @@ bool AskBeforeWriting(std::string& path, int options) {
         const std::string answer = Platform.AskText(question, Disk.AppTitle, path);
         const bool renamed = answer != path;
         path = answer;
-        if (path.empty()) return false;
+        if (answer.empty()) return false;
         // A file that is to be overwritten counts as deleted from here on.
         exists = renamed && fs::exists(path, error);
     }
@@ -110,60 +120,12 @@ bool AskBeforeWriting(std::string& path, int options) {
         const Answer answer =
             Platform.ShowMessage(MessageText(2) + path + MessageText(3), Disk.AppTitle,
                                  Buttons::OkCancel, MessageIcon::Question);
-        if (answer == Answer::Cancel) path.clear();
+        if (answer == Answer::Cancel) {
+            path.clear();
+            return false;
+        }
     }
-    return !path.empty();
-}
-
-/// A name beside `path` that no file bears yet.
-std::string UnusedNameBeside(const std::string& path) {
-    std::error_code error;
-    for (int number = 0;; ++number) {
-        const std::string name = path + ".new" + (number == 0 ? "" : DecimalText(number));
-        if (!fs::exists(fs::symlink_status(name, error))) return name;
-    }
-}
-
-/// Writes a file that must not exist yet, down to the disk.
-bool WriteNewFile(const std::string& path, const std::string& data) {
-    File file(std::fopen(path.c_str(), "wbx"));
-    if (!file) return false;
-    bool written = std::fwrite(data.data(), 1, data.size(), file.get()) == data.size();
-    written = std::fflush(file.get()) == 0 && written;
-#if __has_include(<unistd.h>)
-    written = fsync(fileno(file.get())) == 0 && written;
-#endif
-    return std::fclose(file.release()) == 0 && written;
-}
-
-/// The file that a link leads to, so that writing through a link keeps the link.
-std::string LinkTarget(const std::string& path) {
-    std::error_code error;
-    if (!fs::is_symlink(path, error)) return path;
-    const fs::path target = fs::canonical(path, error);
-    return error ? path : target.string();
-}
-
-bool ReplaceFile(const std::string& name, const std::string& data) {
-    std::error_code error;
-    const std::string path = LinkTarget(name);
-    if (fs::is_directory(path, error)) {
-        return ShowSystemError(std::make_error_code(std::errc::is_a_directory));
-    }
-    const std::string fresh = UnusedNameBeside(path);
-    errno = 0;
-    if (!WriteNewFile(fresh, data)) {
-        const std::error_code reason = LastError();
-        fs::remove(fresh, error);
-        return ShowSystemError(reason);
-    }
-    const fs::file_status old = fs::status(path, error);
-    if (fs::is_regular_file(old)) fs::permissions(fresh, old.permissions(), error);
-    fs::rename(fresh, path, error);
-    if (!error) return true;
-    const std::error_code reason = error;
-    fs::remove(fresh, error);
-    return ShowSystemError(reason);
+    return true;
 }
 
 }  // namespace
@@ -172,7 +134,8 @@ bool LoadPcFile(const std::string& mode, std::string& path, std::string& data, i
     ReplaceForbiddenCharacters(path);
     if (mode == "A") return ReadPcFile(path, data);
     if (!AskBeforeWriting(path, options)) return false;
-    return ReplaceFile(path, data);
+    const std::error_code error = ReplaceFile(path, data, Flush::ToDisk);
+    return !error || ShowSystemError(error);
 }
 
 bool WritePcFile(std::string& path, std::string& data, int options) {

@@ -63,6 +63,7 @@ int StoredWidth(int column) {
 }
 
 void CreateColumns() {
+    std::vector<GridColumn> columns;  // a width that is no number leaves the grid without any
     for (int number = 1; number <= kDirectoryColumns; ++number) {
         const ColumnDesign& design = kColumns[static_cast<std::size_t>(number) - 1];
         GridColumn column;
@@ -71,8 +72,9 @@ void CreateColumns() {
         column.NumberFormat = design.NumberFormat;
         column.Sort = design.Sort;
         column.Width = StoredWidth(number);
-        AddColumn(ListDirec, column);
+        columns.push_back(column);
     }
+    for (const GridColumn& column : columns) AddColumn(ListDirec, column);
 }
 
 /// Headers, visibility and order come from the language and the settings at every fill.
@@ -158,7 +160,7 @@ void ShowColumnsMenu() {
     if (ListDirec.Columns.empty()) return;
     Menu& menu = MenuOf(Principal, "columnsMenu");
     for (int column = 1; column <= kDirectoryColumns; ++column) {
-        ItemOf(menu, column - 1).Checked = ColumnOf(ListDirec, column).Visible;
+        ItemOf(menu, column - 1).Checked = SeenColumn(ListDirec, column).Visible;
     }
     Platform.PopupMenu("MenuColumns");
     for (int column = 1; column <= kDirectoryColumns; ++column) {

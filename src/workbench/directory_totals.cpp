@@ -25,19 +25,19 @@ std::string UsedLine(const DirectorySums& sums) {
     const std::int64_t used = static_cast<std::int64_t>(Disk.UsedSectors) * kSectorSize;
     const double efficiency =
         static_cast<double>(sums.Size) / static_cast<double>(used == 0 ? 1 : used) * 100;
-    return JoinText({MessageText(12), DecimalText(sums.RowsShown), "", "",
-                     DecimalText(Disk.UsedSectors), DecimalText(sums.Units), Grouped(sums.Size),
-                     Grouped(used), Grouped(used - sums.Size),
-                     FormatNumber(efficiency, "##0.00") + "%"},
-                    "|");
+    return JoinText(
+        {MessageText(12), DecimalText(sums.RowsShown), "", "", DecimalText(Disk.UsedSectors),
+         DecimalText(sums.Units), Grouped(sums.Size), Grouped(used), Grouped(used - sums.Size),
+         FormatNumber(efficiency, "##0.00") + "%"},
+        "|");
 }
 
 std::string CapacityLine() {
     const std::int64_t bytes = static_cast<std::int64_t>(Disk.TotalUnits) * kSectorSize;
-    return JoinText({"Max:", DecimalText(Disk.MaxDirEntries), "", "", DecimalText(Disk.TotalUnits),
-                     DecimalText(Disk.TotalUnits / kGranuleSectors), Grouped(bytes),
-                     Grouped(bytes), "      "},
-                    "|");
+    return JoinText(
+        {"Max:", DecimalText(Disk.MaxDirEntries), "", "", DecimalText(Disk.TotalUnits),
+         DecimalText(Disk.TotalUnits / kGranuleSectors), Grouped(bytes), Grouped(bytes), "      "},
+        "|");
 }
 
 std::string FreeLine(const DirectorySums& sums) {
@@ -53,7 +53,7 @@ std::string FreeLine(const DirectorySums& sums) {
 /// One cell of a totals line, as wide as its column: the first left-aligned and one character
 /// narrower, the others right-aligned. `mayOverflow` lets a longer text stand whole.
 std::string LaidOutCell(const std::string& text, int column, bool mayOverflow) {
-    const GridColumn& shown = ColumnOf(ListDirec, column);
+    const GridColumn& shown = SeenColumn(ListDirec, column);
     const double characters = static_cast<double>(shown.Width) / kGridCharacterWidth;
     double pad = std::max(characters - static_cast<double>(text.size()), 0.0);
     if (column == 1) pad = std::max(pad - 1, 0.0);

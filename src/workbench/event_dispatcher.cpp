@@ -7,15 +7,11 @@
 namespace brindlemoor {
 
 bool Dispatch(const std::function<void()>& event) {
-    try {
-        event();
-        return true;
-    } catch (const RuntimeFailure& failure) {
-        Platform.ShowMessage(ErrorBoxText(failure), Disk.AppTitle, Buttons::Ok,
-                             MessageIcon::Critical);
-        Platform.EndProgram();
-        return false;
-    }
+    const std::optional<RuntimeFailure> failure = FailureOfStep(event);
+    if (!failure) return true;
+    Platform.ShowMessage(ErrorBoxText(*failure), Disk.AppTitle, Buttons::Ok, MessageIcon::Critical);
+    Platform.EndProgram();
+    return false;
 }
 
 }  // namespace brindlemoor

@@ -50,6 +50,10 @@ GridColumn& ColumnOf(Grid& grid, int column) {
     return grid.Columns[IndexOf(column, grid.Columns.size())];
 }
 
+const GridColumn& SeenColumn(const Grid& grid, int column) {
+    return grid.Columns[IndexOf(column, grid.Columns.size())];
+}
+
 GridRow& RowOf(Grid& grid, int row) {
     ++grid.Revision;
     return grid.Rows[IndexOf(row, grid.Rows.size())];
@@ -81,7 +85,7 @@ void SetCellDate(Grid& grid, int row, int column, double date) {
 std::string ShownText(const Grid& grid, const GridCell& cell, int column) {
     if (cell.Kind == CellKind::Text) return cell.Text;
     if (cell.Kind == CellKind::Date) return DateText(cell.Number);
-    return FormatNumber(cell.Number, grid.Columns[IndexOf(column, grid.Columns.size())].NumberFormat);
+    return FormatNumber(cell.Number, SeenColumn(grid, column).NumberFormat);
 }
 
 void AutoWidth(Grid& grid, int column) {
@@ -113,8 +117,8 @@ void MoveColumn(Grid& grid, int column, int place) {
     IndexOf(column, grid.Columns.size());
     std::vector<int> columns = ColumnsFromLeft(grid);
     columns.erase(std::find(columns.begin(), columns.end(), column));
-    const auto target = columns.begin() + static_cast<std::ptrdiff_t>(IndexOf(
-                                              place, grid.Columns.size()));
+    const auto target =
+        columns.begin() + static_cast<std::ptrdiff_t>(IndexOf(place, grid.Columns.size()));
     columns.insert(target, column);
     int order = 0;
     for (const int moved : columns) ColumnOf(grid, moved).Order = ++order;

@@ -77,10 +77,13 @@ void AddColumn(Grid& grid, GridColumn column);
 /// Appends a row with an empty cell for each column, and returns its number.
 int AddRow(Grid& grid);
 
-/// The column, row or cell of that number. Fails with 9 when there is none.
+/// The column, row or cell of that number, to be changed. Fails with 9 when there is none.
 GridColumn& ColumnOf(Grid& grid, int column);
 GridRow& RowOf(Grid& grid, int row);
 GridCell& CellOf(Grid& grid, int row, int column);
+
+/// The column of that number, to be looked at only: the grid need not be shown anew. Fails with 9.
+const GridColumn& SeenColumn(const Grid& grid, int column);
 
 void SetCellText(Grid& grid, int row, int column, std::string text);
 void SetCellNumber(Grid& grid, int row, int column, double number);

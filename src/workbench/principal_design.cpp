@@ -99,12 +99,12 @@ void AddPcPane(Controls& controls) {
     controls.push_back(Designed("File1", FileList, {174, 36, 214, 174}));
     controls.back().Pattern = "*.*";
     controls.push_back(Designed("Label5", Label, {8, 216, 60, 24}, "Tipo:"));
-    controls.push_back(List("DirPattern", {68, 216, 320, 24},
-                            {"Discos CoCo y Dragon: *.DSK;*.VDK", "Discos CoCo: *.DSK",
-                             "Discos Dragon: *.VDK", "Archivos: *.BAS;*.BIN;*.TXT;*.DAT",
-                             "Discos y archivos: *.DSK;*.VDK;*.BAS;*.BIN;*.TXT;*.DAT",
-                             "Todos Los Archivos: *.*"},
-                            true));
+    controls.push_back(
+        List("DirPattern", {68, 216, 320, 24},
+             {"Discos CoCo y Dragon: *.DSK;*.VDK", "Discos CoCo: *.DSK", "Discos Dragon: *.VDK",
+              "Archivos: *.BAS;*.BIN;*.TXT;*.DAT",
+              "Discos y archivos: *.DSK;*.VDK;*.BAS;*.BIN;*.TXT;*.DAT", "Todos Los Archivos: *.*"},
+             true));
     controls.push_back(Designed("Label6", Label, {8, 246, 60, 24}, "Archivo:"));
     controls.push_back(Designed("FilePath", TextBox, {68, 246, 320, 24}));
 }
@@ -117,20 +117,19 @@ void AddViewer(Controls& controls) {
     controls.push_back(
         ListAt(List("VerAsc", {444, 10, 96, 24}, {"Auto", "Comprimido", "ASC CoCo"}, false), 0));
     controls.push_back(Designed("Label8", Label, {547, 10, 76, 24}, "Caracteres:"));
-    controls.push_back(ListAt(List("OpciónChar"_w, {624, 10, 90, 24},
-                                   {"Windows", "CoCo", "CoCo Bas", "CoCo MAX"}, false),
-                              0));
-    controls.push_back(Designed("Label9", Label, {721, 10, 42, 24}, "Zoom:"));
-    controls.push_back(ListAt(List("Zoom", {764, 10, 72, 24},
-                                   {" 10%", "  50%", "  75%", "100%", "150%", "200%", "500%",
-                                    "1000%", "2600%"},
-                                   true),
-                              3));
-    controls.push_back(Designed("Label10", Label, {843, 10, 46, 24}, "Ancho:"));
     controls.push_back(ListAt(
-        List("Anchos", {890, 10, 100, 24},
-             {"Auto", "Lineas (13)", "Lineas (13+10)", "Lineas (0)", "Todo", "256"}, true),
+        List("OpciónChar"_w, {624, 10, 90, 24}, {"Windows", "CoCo", "CoCo Bas", "CoCo MAX"}, false),
         0));
+    controls.push_back(Designed("Label9", Label, {721, 10, 42, 24}, "Zoom:"));
+    controls.push_back(ListAt(
+        List("Zoom", {764, 10, 72, 24},
+             {" 10%", "  50%", "  75%", "100%", "150%", "200%", "500%", "1000%", "2600%"}, true),
+        3));
+    controls.push_back(Designed("Label10", Label, {843, 10, 46, 24}, "Ancho:"));
+    controls.push_back(
+        ListAt(List("Anchos", {890, 10, 100, 24},
+                    {"Auto", "Lineas (13)", "Lineas (13+10)", "Lineas (0)", "Todo", "256"}, true),
+               0));
     controls.push_back(
         WithFont(Designed("Archivo", Picture, {404, 40, 570, 188}), FontKind::Fixed));
     controls.push_back(Designed("VScrollA", VerticalBar, {976, 40, 17, 188}));
@@ -142,26 +141,23 @@ void AddViewer(Controls& controls) {
 /// The line between the halves: which disk is open, and its two buttons.
 void AddTitleLine(Controls& controls) {
     using enum ControlKind;
-    controls.push_back(
-        WithFont(Designed("Label3", Label, {8, 280, 470, 28}, "Directorio CoCo:"),
-                 FontKind::Title));
+    controls.push_back(WithFont(Designed("Label3", Label, {8, 280, 470, 28}, "Directorio CoCo:"),
+                                FontKind::Title));
     controls.push_back(Designed("PathDsk", Label, {486, 280, 290, 28}));
-    controls.push_back(WithTip(Designed("SaveBtn", Button, {800, 281, 92, 26}, "Grabar"),
-                               "Graba el archiv DSK"));
     controls.push_back(
-        Disabled(WithTip(Designed("UndoBtn", Button, {898, 281, 92, 26}, "Reversar"),
-                         "Graba el archiv DSK")));
+        WithTip(Designed("SaveBtn", Button, {800, 281, 92, 26}, "Grabar"), "Graba el archiv DSK"));
+    controls.push_back(Disabled(WithTip(Designed("UndoBtn", Button, {898, 281, 92, 26}, "Reversar"),
+                                        "Graba el archiv DSK")));
 }
 
 /// Lower left: the directory and its totals.
 void AddDirectory(Controls& controls) {
     using enum ControlKind;
-    controls.push_back(
-        WithFont(Designed("ListDirec", Grid, {8, 314, 700, 275}), FontKind::Fixed));
+    controls.push_back(WithFont(Designed("ListDirec", Grid, {8, 314, 700, 275}), FontKind::Fixed));
     for (int line = 0; line < 3; ++line) controls.push_back(TotalsLine(line));
     controls.push_back(Designed("Info", Label, {8, 0, 382, 20}));
-    controls.push_back(Disabled(
-        Designed("VerContinuaciones", CheckBox, {396, 0, 168, 20}, "Ver Contnuaciones")));
+    controls.push_back(
+        Disabled(Designed("VerContinuaciones", CheckBox, {396, 0, 168, 20}, "Ver Contnuaciones")));
     controls.push_back(
         Disabled(Designed("VerBorrados", CheckBox, {568, 0, 140, 20}, "Ver Borrados")));
     controls.push_back(Invisible(Designed("txtEdit", TextBox, {8, 314, 60, 17})));
@@ -177,20 +173,17 @@ void AddMap(Controls& controls) {
     controls.push_back(Within("Frame1", Designed("Track", TextBox, {48, 6, 44, 24}, "Pista")));
     controls.push_back(Within("Frame1", Designed("Label1", Label, {100, 6, 46, 24}, "Sector:")));
     controls.push_back(Within("Frame1", Designed("Sector", TextBox, {146, 6, 46, 24}, "Sector")));
-    controls.push_back(
-        Within("Frame1", Designed("Granulo", TextBox, {204, 6, 61, 24}, "Granulo")));
-    controls.push_back(Within(
-        "Frame1", WithFont(Wrapped(Designed("Label11", Label, {6, 36, 56, 52},
-                                            "Traks 0-9 10-19 20-29 30-39 ")),
-                           FontKind::Small)));
+    controls.push_back(Within("Frame1", Designed("Granulo", TextBox, {204, 6, 61, 24}, "Granulo")));
+    controls.push_back(Within("Frame1", WithFont(Wrapped(Designed("Label11", Label, {6, 36, 56, 52},
+                                                                  "Traks 0-9 10-19 20-29 30-39 ")),
+                                                 FontKind::Small)));
     controls.push_back(Within("Frame1", Designed("TrackBlock", Picture, {62, 36, 193, 52})));
+    controls.push_back(
+        Within("Frame1", WithRange(Designed("VScroll1", VerticalBar, {255, 36, 15, 52}), 1, 18)));
+    controls.push_back(
+        Within("Frame1", WithRange(Designed("HScroll1", HorizontalBar, {62, 89, 193, 15}), 0, 34)));
     controls.push_back(Within(
-        "Frame1", WithRange(Designed("VScroll1", VerticalBar, {255, 36, 15, 52}), 1, 18)));
-    controls.push_back(Within(
-        "Frame1", WithRange(Designed("HScroll1", HorizontalBar, {62, 89, 193, 15}), 0, 34)));
-    controls.push_back(Within(
-        "Frame1",
-        WithFont(Designed("Sectores", Picture, {6, 108, 261, 120}), FontKind::Fixed)));
+        "Frame1", WithFont(Designed("Sectores", Picture, {6, 108, 261, 120}), FontKind::Fixed)));
     controls.push_back(Designed("LabelFat", Label, {720, 552, 120, 24}, "FAT:"));
     controls.push_back(WithTip(Designed("EditBat", Button, {893, 552, 100, 24}, "Editar BAT"),
                                "Edit Bit Allocation Table"));
@@ -245,8 +238,8 @@ std::vector<Menu> DesignedMenus() {
     std::vector<Menu> menus;
     menus.push_back(MainMenuDesign());
     menus.push_back(FilesMenuDesign());
-    menus.push_back(Array("OptionsMenu", {"Lenguaje", "Colores", "Header Info",
-                                          "Info OS9/NitrOS-9", "Audio", "Opciones"}));
+    menus.push_back(Array("OptionsMenu", {"Lenguaje", "Colores", "Header Info", "Info OS9/NitrOS-9",
+                                          "Audio", "Opciones"}));
     menus.back().Items[0].SubMenu = "LanguageMenu";
     menus.push_back(Array("LanguageMenu", {"English", "Español"_w}));
     menus.push_back(Array("HelpMenu", {"Ayuda (Información)"_w, "Web", "Acerca de..."}));

@@ -1,5 +1,6 @@
 #include "workbench/screen_entries.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,17 @@ void ShowModified() {
     files.Items[kSaveItem].Enabled = modified;
 }
 
+std::function<void()> KeepSectorView() {
+    const std::string track = PrincipalControl("Track").Text;
+    const std::string sector = PrincipalControl("Sector").Text;
+    const bool granule = PrincipalControl("Granulo").Visible;
+    return [track, sector, granule] {
+        SetText(PrincipalControl("Track"), track);
+        SetText(PrincipalControl("Sector"), sector);
+        PrincipalControl("Granulo").Visible = granule;
+    };
+}
+
 /// A text that stands in the list chooses its entry; entries beyond the items stay.
 void SetListItems(const std::string& name, const std::vector<std::string>& items) {
     Control& list = PrincipalControl(name);
@@ -42,6 +54,12 @@ void SetListItems(const std::string& name, const std::vector<std::string>& items
         SetItem(list, index, item);
         if (item == list.Text && !chosen) SetListIndex(list, index);
     }
+}
+
+/// A list that no longer has, or does not have yet, the entry that was stored keeps its own.
+void SetControlIndex(const std::string& name, int index) {
+    Control& list = PrincipalControl(name);
+    if (index >= -1 && index < static_cast<int>(list.Items.size())) SetListIndex(list, index);
 }
 
 void SetMenuItems(const std::string& name, const std::vector<std::string>& items) {
@@ -90,6 +108,7 @@ void ConnectScreen() {
         SetText(PrincipalControl("Sector"), DecimalText(sector));
     };
     Screen.ShowGranuleField = [](bool visible) { PrincipalControl("Granulo").Visible = visible; };
+    Screen.KeepSectorView = KeepSectorView;
     Screen.ShowModified = ShowModified;
     Screen.EditFat = [] {
         Platform.ShowModal("FatEditor");
@@ -110,9 +129,7 @@ void ConnectScreen() {
     Screen.SetListItems = SetListItems;
     Screen.SetMenuItems = SetMenuItems;
     Screen.SetLanguageMenu = SetLanguageMenu;
-    Screen.SetControlIndex = [](const std::string& name, int index) {
-        SetListIndex(PrincipalControl(name), index);
-    };
+    Screen.SetControlIndex = SetControlIndex;
     Screen.SetControlText = [](const std::string& name, const std::string& text) {
         SetText(PrincipalControl(name), text);
     };

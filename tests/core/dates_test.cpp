@@ -72,5 +72,73 @@ TEST(DateAndTimeText, AlwaysShowsTheTime) {
     EXPECT_EQ(DateAndTimeText(DayCount(1987, 3, 9) + 0.75), "09/03/1987 18:00");
 }
 
+TEST(CalendarTimeOf, TakesADateApart) {
+    const CalendarTime time = CalendarTimeOf(DayCount(1987, 3, 9) + 0.75);
+    EXPECT_EQ(time.Year, 1987);
+    EXPECT_EQ(time.Month, 3);
+    EXPECT_EQ(time.Day, 9);
+    EXPECT_EQ(time.Hour, 18);
+    EXPECT_EQ(time.Minute, 0);
+}
+
+TEST(CalendarTimeOf, LeavesSecondsOut) {
+    const CalendarTime time = CalendarTimeOf(DayCount(1987, 3, 9) + 59.0 / 86400);
+    EXPECT_EQ(time.Hour, 0);
+    EXPECT_EQ(time.Minute, 0);
+    EXPECT_EQ(CalendarTimeOf(DayCount(1987, 3, 9) + 60.0 / 86400).Minute, 1);
+}
+
+TEST(CalendarTimeOf, ATimeThatRoundsToMidnightIsTheNextDay) {
+    EXPECT_EQ(CalendarTimeOf(DayCount(1987, 3, 9) + 0.9999999).Day, 10);
+}
+
+TEST(CalendarTimeOf, Day0IsTheLastButOneOf1899) {
+    const CalendarTime time = CalendarTimeOf(0);
+    EXPECT_EQ(time.Year, 1899);
+    EXPECT_EQ(time.Month, 12);
+    EXPECT_EQ(time.Day, 30);
+}
+
+TEST(CalendarTimeOf, FailsWith6OutsideFourDigitYears) {
+    EXPECT_EQ(CalendarTimeOf(DayCount(100, 1, 1)).Year, 100);
+    EXPECT_EQ(CalendarTimeOf(DayCount(9999, 12, 31)).Year, 9999);
+    EXPECT_EQ(FailureOf([] { CalendarTimeOf(DayCount(99, 12, 31)); }), kOverflow);
+    EXPECT_EQ(FailureOf([] { CalendarTimeOf(DayCount(9999, 12, 31) + 1); }), kOverflow);
+}
+
+TEST(DateFromCalendar, IsTheDayCountWithTheTimeAsItsFraction) {
+    double date = 0;
+    EXPECT_TRUE(DateFromCalendar({1987, 3, 9, 18, 0}, date));
+    EXPECT_EQ(date, DayCount(1987, 3, 9) + 0.75);
+    EXPECT_TRUE(DateFromCalendar({2000, 2, 29, 0, 0}, date));
+    EXPECT_EQ(date, DayCount(2000, 2, 29));
+}
+
+TEST(DateFromCalendar, ADayOrTimeThatDoesNotExistChangesNothing) {
+    for (const CalendarTime& time :
+         {CalendarTime{1987, 0, 1, 0, 0}, CalendarTime{1987, 13, 1, 0, 0},
+          CalendarTime{1987, -1, 1, 0, 0}, CalendarTime{1987, 257, 1, 0, 0},
+          CalendarTime{1987, 1, 0, 0, 0}, CalendarTime{1987, 1, 32, 0, 0},
+          CalendarTime{1987, 1, 257, 0, 0}, CalendarTime{1987, 1, -255, 0, 0},
+          CalendarTime{1987, 2, 29, 0, 0}, CalendarTime{1900, 2, 29, 0, 0},
+          CalendarTime{1987, 4, 31, 0, 0}, CalendarTime{1987, 1, 1, 24, 0},
+          CalendarTime{1987, 1, 1, -1, 0}, CalendarTime{1987, 1, 1, 0, 60},
+          CalendarTime{1987, 1, 1, 0, -1}, CalendarTime{99, 1, 1, 0, 0},
+          CalendarTime{10000, 1, 1, 0, 0}, CalendarTime{65536 + 1987, 1, 1, 0, 0}}) {
+        double date = 77;
+        EXPECT_FALSE(DateFromCalendar(time, date));
+        EXPECT_EQ(date, 77);
+    }
+}
+
+TEST(DateFromCalendar, TakesWhatCalendarTimeOfGivesInAnyYear) {
+    for (const double date : {DayCount(100, 1, 1) - 0.25, -1.25, 0.25, DayCount(2155, 12, 31) + 0.5,
+                              DayCount(9999, 12, 31)}) {
+        double again = 0;
+        EXPECT_TRUE(DateFromCalendar(CalendarTimeOf(date), again));
+        EXPECT_EQ(again, date);
+    }
+}
+
 }  // namespace
 }  // namespace brindlemoor

@@ -11,6 +11,7 @@
 #include "core/runtime_failure.h"
 #include "core/settings_text.h"
 #include "support/disk_fixture.h"
+#include "support/file_size_limit.h"
 #include "support/settings_fixture.h"
 
 namespace brindlemoor {
@@ -261,12 +262,13 @@ TEST_F(IniValueTest, AFolderInPlaceOfTheFileFails) {
     EXPECT_NE(FailureOf([this] { WriteSettings(Base, "x"); }), 0);
 }
 
-#ifdef __linux__
-TEST_F(IniValueTest, AFullDiskFails) {
-    EXPECT_EQ(FailureOf([] { WriteSettings("/dev/full", "x"); }), ENOSPC);
-    EXPECT_EQ(FailureOf([] { WriteSettings("/dev/full", std::string(100000, 'x')); }), ENOSPC);
+TEST_F(IniValueTest, AFullDiskFailsAndKeepsTheFile) {
+    GiveSettings("[A]\r\nx=1");
+    const test::FileSizeLimit limit(4096);
+    EXPECT_EQ(FailureOf([] { WriteSettings(Settings.SettingsPath, std::string(100000, 'x')); }),
+              EFBIG);
+    EXPECT_EQ(SettingsFile(), "[A]\r\nx=1");
 }
-#endif
 
 TEST_F(IniValueTest, AFailureHasTheSystemsText) {
     try {

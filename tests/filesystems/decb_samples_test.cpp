@@ -39,9 +39,8 @@ std::vector<const DirEntry*> LiveRows() {
 
 /// The FAT that is read has 68 bytes on all disks: a chain beyond it is not followed.
 bool FitsTheFat(const DecbFacts& facts) {
-    return std::all_of(facts.Chain.begin(), facts.Chain.end(), [](const ChainPart& part) {
-        return part.First < kDecbFatBytes;
-    });
+    return std::all_of(facts.Chain.begin(), facts.Chain.end(),
+                       [](const ChainPart& part) { return part.First < kDecbFatBytes; });
 }
 
 /// DMK images are unfolded by one fixed order of the sectors in a track. The disk that was sampled

@@ -262,6 +262,15 @@ TEST_F(DecbTest, AWholeSectorOf235MarksTheRow) {
     EXPECT_EQ(DirTable[2].BadSectorMark, "");
 }
 
+TEST_F(DecbTest, TheLastBlankSectorOfAFileGivesTheMarkBehindTheDirectoryTrack) {
+    std::string bytes = Pattern(1024, 6);
+    bytes.replace(0, 256, std::string(256, '\xEB'));
+    bytes.replace(512, 256, std::string(256, '\xEB'));
+    Read(DecbBuilder().File(0, "TWICE", "DAT", 1, 0, {40}, bytes).Image());
+    // Position 513, and nine sectors for each of the 42 granules before this one.
+    EXPECT_EQ(DirTable[0].BadSectorMark, std::string("\x03\x7B"));
+}
+
 TEST_F(DecbTest, AMarkFarIntoALongFileDoesNotEndTheReading) {
     std::vector<int> granules;
     for (int granule = 0; granule < 30; ++granule) granules.push_back(granule);
@@ -291,8 +300,7 @@ TEST_F(DecbTest, ADiskNameWithoutZeroByteIsEmpty) {
 TEST_F(DecbTest, AnImageThatEndsBeforeTheFatIsReportedAndHasNoRows) {
     Read(DecbBuilder().Image().substr(0, 78592));
     ASSERT_EQ(Shown().size(), 1U);
-    EXPECT_EQ(Shown()[0],
-              "Error!!!...Archivo muy peque\xF1o para leer FAT o No existe FAT");
+    EXPECT_EQ(Shown()[0], "Error!!!...Archivo muy peque\xF1o para leer FAT o No existe FAT");
     EXPECT_EQ(Disk.DirRows, 0);
     // One byte of the FAT is enough to go on.
     script_.Messages.clear();
@@ -306,6 +314,43 @@ TEST_F(DecbTest, AnImageCutInItsDirectoryKeepsTheRowsBeforeTheCut) {
     Read(disk.Image().substr(0, 78848 + 3 * 32));
     EXPECT_EQ(Disk.DirRows, 3);
     EXPECT_EQ(Shown()[0], "Error!!! 5 Invalid procedure call or argument");
+}
+
+TEST_F(DecbTest, ASlotThatIsCutIsNoRow) {
+    DecbBuilder disk;
+    for (int slot = 0; slot < 3; ++slot) disk.File(slot, "F", "DAT", 1, 0, {slot}, "z");
+    for (const int bytes : {1, 5, 13, 15}) {
+        Read(disk.Image().substr(0, static_cast<std::size_t>(78848 + 2 * 32 + bytes)));
+        EXPECT_EQ(Disk.DirRows, 2) << bytes;
+    }
+    Read(disk.Image().substr(0, 78848 + 2 * 32 + 16));
+    EXPECT_EQ(Disk.DirRows, 3);
+}
+
+TEST_F(DecbTest, AnEndMarkCountsAlsoWhereTheImageEndsBehindIt) {
+    Read(DecbBuilder().Image().substr(0, 78849));
+    EXPECT_EQ(Disk.DirRows, 0);
+    EXPECT_TRUE(Shown().empty());
+}
+
+TEST_F(DecbTest, ADeletedEntrysLastSectorCountIsCheckedToo) {
+    Read(DecbBuilder().Slot(0, "GONE", "DAT", 1, 0, 7, 300).Delete(0).Image());
+    ASSERT_EQ(Shown().size(), 1U);
+    EXPECT_EQ(Shown()[0].rfind(std::string("Error !!!, el archivo \0ONE.DAT, Tiene 300", 41), 0),
+              0U);
+}
+
+TEST_F(DecbTest, MessagesComeRowByRowAndTheFatLast) {
+    DecbBuilder disk;
+    disk.File(0, "ONE", "DAT", 1, 0, {8}, "1");
+    disk.Slot(1, "TWO", "DAT", 1, 0, 8, 999);
+    disk.Slot(2, "THREE", "DAT", 1, 0, 9, 258).Fat(9, 193).Fat(50, 1);
+    Read(disk.Image());
+    ASSERT_EQ(Shown().size(), 4U);
+    EXPECT_NE(Shown()[0].find("TWO.DAT, Tiene 999"), std::string::npos);
+    EXPECT_NE(Shown()[1].find("granulo inicial 8 del archivo: TWO.DAT"), std::string::npos);
+    EXPECT_NE(Shown()[2].find("THREE.DAT, Tiene 258"), std::string::npos);
+    EXPECT_EQ(Shown()[3].rfind("Error!!!... En FAT", 0), 0U);
 }
 
 TEST_F(DecbTest, ATruncatedImageYieldsShortFiles) {

@@ -58,6 +58,15 @@ TEST_F(ContainersTest, TheDkLengthIsLowByteFirst) {
     EXPECT_EQ(Disk.ImageHeader.size(), 0x0201U);
 }
 
+TEST_F(ContainersTest, ADkLengthOf32768AndMoreIsNegativeAndCountsAs12) {
+    for (const int field : {0x8000, 0xFFFF}) {
+        Remove(DkHeader(12, field, "") + Pattern(70000, 1));
+        EXPECT_EQ(Disk.ImageHeader.size(), 12U);
+    }
+    Remove(DkHeader(0x7FFF, 0x7FFF, "") + Pattern(1000, 1));
+    EXPECT_EQ(Disk.ImageHeader.size(), 0x7FFFU);
+}
+
 TEST_F(ContainersTest, TracksAndSidesOfADkImageAreReadBehindItsHeader) {
     std::string header = DkHeader(12, 12, "");
     header[7] = 40;
@@ -138,10 +147,14 @@ TEST_F(ContainersTest, JvcTracksComeFromTheHeadersLengthAlone) {
 }
 
 TEST_F(ContainersTest, AJvcHeaderWithoutSidesFailsByDivision) {
-    EXPECT_EQ(FailureOf([this] { Remove(JvcInDk(20, ".JVC", {18, 0, 1, 1, 0})); }),
+    EXPECT_EQ(FailureOf([this] {
+                  Remove(JvcInDk(20, ".JVC", {18, 0, 1, 1, 0}));
+              }),
               kDivisionByZero);
     // A header of four bytes or fewer names no geometry at all.
-    EXPECT_EQ(FailureOf([this] { Remove(JvcInDk(256 + 4, ".JVC", {18, 1, 1, 1, 0})); }),
+    EXPECT_EQ(FailureOf([this] {
+                  Remove(JvcInDk(256 + 4, ".JVC", {18, 1, 1, 1, 0}));
+              }),
               kDivisionByZero);
 }
 

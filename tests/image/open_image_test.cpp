@@ -1,6 +1,9 @@
 #include "image/open_image.h"
 
+#include <new>
+
 #include "core/disk_state.h"
+#include "core/runtime_failure.h"
 #include "core/screen.h"
 #include "support/decb_builder.h"
 #include "support/disk_fixture.h"
@@ -20,7 +23,11 @@ class OpenImageTest : public DiskTest {
         Screen.SetFilePath = [this](const std::string& path) { filePath_ = path; };
         Screen.PathDskText = [this] { return pathDsk_; };
         Screen.SetPathDsk = [this](const std::string& path) { pathDsk_ = path; };
-        Screen.ViewFile = [this](int, int) { calls_.emplace_back("view"); };
+        Screen.ViewFile = [this](int newFile, int mode) {
+            calls_.emplace_back("view");
+            viewed_ = {newFile, mode};
+        };
+        Screen.KeepSectorView = [this] { return [this] { calls_.emplace_back("fields"); }; };
         Screen.GiveUpColumnSort = [this] { calls_.emplace_back("sort"); };
         Screen.PaintTrackBlock = [this](int row) { calls_.push_back("map" + std::to_string(row)); };
         Screen.FillDirectoryGrid = [this] { calls_.emplace_back("grid"); };
@@ -41,6 +48,7 @@ class OpenImageTest : public DiskTest {
     std::string name_;
     std::string filePath_;
     std::string pathDsk_;
+    std::vector<int> viewed_;
     std::vector<std::string> calls_;
 };
 
@@ -87,8 +95,10 @@ TEST_F(OpenImageTest, ANameOfOneOrTwoLettersIsSearchedForAsItIs) {
 TEST_F(OpenImageTest, ThePcFilesTypeIsBasicByItsName) {
     Click("a.bas", "x");
     EXPECT_EQ(Disk.PcFileTypeText, "0");
+    EXPECT_EQ(viewed_, (std::vector<int>{-1, 0}));
     Click("a.bin", "x");
     EXPECT_EQ(Disk.PcFileTypeText, "2");
+    EXPECT_EQ(viewed_, (std::vector<int>{-1, 2}));
 }
 
 TEST_F(OpenImageTest, AnImageBelow78336BytesIsReportedAndTheOpenOneStays) {
@@ -133,7 +143,7 @@ TEST_F(OpenImageTest, UnsavedChangesAreAskedForAndCancelKeepsThem) {
     EXPECT_EQ(calls_, kOpened);
 }
 
-TEST_F(OpenImageTest, AFileThatIsGoneShowsTheErrorAndChangesNothing) {
+TEST_F(OpenImageTest, AFileThatIsGoneShowsTheErrorAndTheDiskStays) {
     Click("good.dsk", OneFileDisk());
     name_ = "gone.dsk";
     calls_.clear();
@@ -143,6 +153,8 @@ TEST_F(OpenImageTest, AFileThatIsGoneShowsTheErrorAndChangesNothing) {
     EXPECT_EQ(Disk.ImageBytes, OneFileDisk());
     EXPECT_EQ(Disk.DirRows, 1);
     EXPECT_EQ(pathDsk_, folder_ + "/good.dsk");
+    // The bytes of the file viewed before are not taken for those of this one.
+    EXPECT_EQ(Disk.PcFileBytes, "");
 }
 
 TEST_F(OpenImageTest, AFailureWhileReadingBringsTheOldDiskBack) {
@@ -165,7 +177,34 @@ TEST_F(OpenImageTest, AFailureWhileReadingBringsTheOldDiskBack) {
     EXPECT_EQ(DirTable[0].Content, "bytes");
     EXPECT_EQ(pathDsk_, folder_ + "/good.dsk");
     EXPECT_EQ(Disk.PcFileBytes, bad + fields);
-    EXPECT_EQ(calls_, (std::vector<std::string>{"view", "sort", "map-1", "grid", "sector-1"}));
+    EXPECT_EQ(calls_,
+              (std::vector<std::string>{"view", "sort", "fields", "map-1", "grid", "sector-1"}));
+}
+
+TEST_F(OpenImageTest, AFailedReadingKeepsTheChangesThatTheUserAgreedToLose) {
+    Click("good.dsk", OneFileDisk());
+    Disk.ImageBytes[0] = 'x';
+    Disk.ImageModified = -1;
+    script_.Answers = {Answer::Ok};
+    Screen.FillDirectoryGrid = [this] {
+        calls_.emplace_back("grid");
+        if (calls_.size() < 5) throw RuntimeFailure{13, "Type mismatch"};
+    };
+    Click("next.dsk", DecbBuilder().Image());
+    EXPECT_EQ(Disk.ImageModified, -1);
+    EXPECT_EQ(Disk.ImageBytes[0], 'x');
+    EXPECT_EQ(script_.Messages.back().Title, "Brindlemoor");
+}
+
+TEST_F(OpenImageTest, MemoryThatIsNotThereIsAFailureLikeOthers) {
+    Click("good.dsk", OneFileDisk());
+    int fills = 0;
+    Screen.FillDirectoryGrid = [&fills] {
+        if (++fills == 1) throw std::bad_alloc();
+    };
+    Click("next.dsk", DecbBuilder().Image());
+    EXPECT_EQ(Shown(), std::vector<std::string>{"Run-time error '7':\r\n\r\nOut of memory"});
+    EXPECT_EQ(Disk.DirRows, 1);
 }
 
 TEST_F(OpenImageTest, RandomBytesUnderEveryImageExtensionDoNoHarm) {

@@ -3,13 +3,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <filesystem>
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 
 #include "core/disk_state.h"
 #include "support/decb_builder.h"
 #include "support/disk_fixture.h"
+#include "support/file_size_limit.h"
 
 namespace brindlemoor::test {
 namespace {
@@ -22,7 +23,9 @@ class PcFileTest : public DiskTest {
         DiskTest::SetUp();
         folder_ = FreshFolder();
         Disk.Messages.assign(161, "");
-        Disk.Messages[0] = "The file: []\xAC" "Already exist, overwrite? or rename";
+        Disk.Messages[0] =
+            "The file: []\xAC"
+            "Already exist, overwrite? or rename";
         Disk.Messages[2] = "File: ";
         Disk.Messages[3] = " not exist, create?";
     }
@@ -119,8 +122,8 @@ TEST_F(PcFileTest, OneByteMoreAsksForTheDriveAndEnterTakesTheOs9Part) {
 
 TEST_F(PcFileTest, ADriveNumberTakesThatVirtualDriveAndIsRemembered) {
     const long long drive12 = kHardDiskLimit + 12 * kVirtualDriveBytes;
-    std::string path = SparseFile(folder_, kHardDiskLimit + 256 * kVirtualDriveBytes, drive12,
-                                  "drive twelve");
+    std::string path =
+        SparseFile(folder_, kHardDiskLimit + 256 * kVirtualDriveBytes, drive12, "drive twelve");
     script_.Texts = {"12ABC", "255"};
     EXPECT_TRUE(LoadPcFile("A", path, data_, 0));
     EXPECT_EQ(data_.size(), 161280U);
@@ -132,8 +135,8 @@ TEST_F(PcFileTest, ADriveNumberTakesThatVirtualDriveAndIsRemembered) {
 }
 
 TEST_F(PcFileTest, TheDriveQuestionRepeatsUntilTheNumberIsInRange) {
-    std::string path = SparseFile(folder_, kHardDiskLimit + kVirtualDriveBytes, kHardDiskLimit,
-                                  "drive zero");
+    std::string path =
+        SparseFile(folder_, kHardDiskLimit + kVirtualDriveBytes, kHardDiskLimit, "drive zero");
     script_.Texts = {"256", "-1", "zero"};
     EXPECT_TRUE(LoadPcFile("A", path, data_, 0));
     EXPECT_EQ(script_.Prompts.size(), 3U);
@@ -248,6 +251,43 @@ TEST_F(PcFileTest, AFailedWriteLeavesTheOldFileAndNoOther) {
     EXPECT_EQ(FilesInFolder(), std::vector<std::string>{"a.dsk"});
 }
 
+TEST_F(PcFileTest, AWriteThatFailsHalfWayLeavesTheOldFileAndNoOther) {
+    std::string path = WriteTestFile(folder_, "a.dsk", "old");
+    data_ = Pattern(100000, 1);
+    const FileSizeLimit limit(4096);
+    EXPECT_FALSE(WritePcFile(path, data_, 3));
+    EXPECT_EQ(Shown(), std::vector<std::string>{"Error!!! 27 File too large"});
+    EXPECT_EQ(FileBytes(path), "old");
+    EXPECT_EQ(FilesInFolder(), std::vector<std::string>{"a.dsk"});
+}
+
+TEST_F(PcFileTest, AnEmptyPathShowsTheErrorAndWritesNothing) {
+    std::string path;
+    data_ = "new";
+    EXPECT_FALSE(WritePcFile(path, data_, 3));
+    EXPECT_EQ(Shown(), std::vector<std::string>{"Error!!! 2 No such file or directory"});
+}
+
+TEST_F(PcFileTest, APathWithAZeroByteIsRefusedBothWays) {
+    WriteTestFile(folder_, "a", "somebody's");
+    std::string path = folder_ + std::string("/a\0b", 4);
+    data_ = "new";
+    EXPECT_FALSE(WritePcFile(path, data_, 3));
+    EXPECT_FALSE(LoadPcFile("A", path, data_, 0));
+    EXPECT_EQ(Shown(), (std::vector<std::string>{"Error!!! 22 Invalid argument",
+                                                 "Error!!! 22 Invalid argument"}));
+    EXPECT_EQ(FileBytes(folder_ + "/a"), "somebody's");
+    EXPECT_EQ(FilesInFolder(), std::vector<std::string>{"a"});
+}
+
+TEST_F(PcFileTest, ANumberTooLargeForADriveIsAskedForAgain) {
+    std::string path = SparseFile(folder_, kHardDiskLimit + kVirtualDriveBytes, 0, "");
+    script_.Texts = {std::string(400, '9'), "0"};
+    EXPECT_TRUE(LoadPcFile("A", path, data_, 0));
+    EXPECT_EQ(script_.Prompts.size(), 2U);
+    EXPECT_EQ(data_.size(), 161280U);
+}
+
 TEST_F(PcFileTest, WritingThroughALinkKeepsTheLink) {
     const std::string target = WriteTestFile(folder_, "real.dsk", "old");
     fs::create_symlink(target, folder_ + "/link.dsk");
@@ -256,15 +296,6 @@ TEST_F(PcFileTest, WritingThroughALinkKeepsTheLink) {
     EXPECT_TRUE(WritePcFile(path, data_, 3));
     EXPECT_TRUE(fs::is_symlink(folder_ + "/link.dsk"));
     EXPECT_EQ(FileBytes(target), "new");
-}
-
-TEST_F(PcFileTest, AFileThatBearsTheNewNameAlreadyIsNotTouched) {
-    WriteTestFile(folder_, "a.dsk.new", "somebody's");
-    std::string path = WriteTestFile(folder_, "a.dsk", "old");
-    data_ = "new";
-    EXPECT_TRUE(WritePcFile(path, data_, 3));
-    EXPECT_EQ(FileBytes(folder_ + "/a.dsk.new"), "somebody's");
-    EXPECT_EQ(FileBytes(path), "new");
 }
 
 }  // namespace

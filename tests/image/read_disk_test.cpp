@@ -163,8 +163,8 @@ TEST_F(ReadDiskTest, TenThousandSpoiledDisksAreSurvived) {
         if (round % 20 == 0) disk = good;
         for (int change = 0; change < 8; ++change) {
             // Half of the changes hit the FAT and the directory, the others any byte.
-            const std::size_t place = change % 2 == 0 ? 78592 + random() % (256 + 9 * 256)
-                                                      : random() % disk.size();
+            const std::size_t place =
+                change % 2 == 0 ? 78592 + random() % (256 + 9 * 256) : random() % disk.size();
             disk[place] = static_cast<char>(random());
         }
         ReadHostile(disk);

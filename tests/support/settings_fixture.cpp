@@ -56,8 +56,9 @@ void SetVariable(const std::string& name, const std::string& value) {
 
 void SettingsTest::SetUp() {
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    Base =
-        testing::TempDir() + "brindlemoor-" + std::to_string(ProcessNumber()) + "-" + test->name();
+    std::string name = test->name();
+    for (char& letter : name) letter = letter == '/' ? '_' : letter;  // of a test with parameters
+    Base = testing::TempDir() + "brindlemoor-" + std::to_string(ProcessNumber()) + "-" + name;
     std::filesystem::remove_all(Base);
     std::filesystem::create_directories(Base);
     SetVariable("appdata", Base);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "core/dates.h"
 #include "core/runtime_failure.h"
 #include "support/disk_fixture.h"
@@ -62,6 +64,7 @@ TEST(GridRows, NumbersOutsideTheGridFailWith9) {
     AddRow(grid);
     for (const int number : {0, -1, 3}) {
         EXPECT_EQ(FailureOf([&] { ColumnOf(grid, number); }), 9) << number;
+        EXPECT_EQ(FailureOf([&] { SeenColumn(grid, number); }), 9) << number;
         EXPECT_EQ(FailureOf([&] { CellOf(grid, 1, number); }), 9) << number;
         EXPECT_EQ(FailureOf([&] { AutoWidth(grid, number); }), 9) << number;
         EXPECT_EQ(FailureOf([&] { SetColumnWidth(grid, number, 5); }), 9) << number;
@@ -119,15 +122,15 @@ TEST(GridWidths, AColumnFitsItsHeaderOrItsWidestVisibleCell) {
     Grid grid = GridOf(1);
     ColumnOf(grid, 1).Header = "ATT";
     AutoWidth(grid, 1);
-    EXPECT_EQ(ColumnOf(grid, 1).Width, 3 * 7 + 2 * 3);
+    EXPECT_EQ(ColumnOf(grid, 1).Width, 3 * 7 + 2 * kGridCellMargin);
     SetCellText(grid, AddRow(grid), 1, "rweRWESD");
     SetCellText(grid, AddRow(grid), 1, "much longer than that");
     RowOf(grid, 2).Visible = false;
     AutoWidth(grid, 1);
-    EXPECT_EQ(ColumnOf(grid, 1).Width, 8 * 7 + 2 * 3);
+    EXPECT_EQ(ColumnOf(grid, 1).Width, 8 * 7 + 2 * kGridCellMargin);
     ClearGrid(grid);
     AutoWidth(grid, 1);
-    EXPECT_EQ(ColumnOf(grid, 1).Width, 3 * 7 + 2 * 3);
+    EXPECT_EQ(ColumnOf(grid, 1).Width, 3 * 7 + 2 * kGridCellMargin);
 }
 
 TEST(GridWidths, TheIndentOfACellNeedsRoomToo) {
@@ -135,7 +138,7 @@ TEST(GridWidths, TheIndentOfACellNeedsRoomToo) {
     SetCellText(grid, AddRow(grid), 1, "sub");
     CellOf(grid, 1, 1).Indent = 26;
     AutoWidth(grid, 1);
-    EXPECT_EQ(ColumnOf(grid, 1).Width, 3 * 7 + 2 * 3 + 26);
+    EXPECT_EQ(ColumnOf(grid, 1).Width, 3 * 7 + 2 * kGridCellMargin + 26);
 }
 
 TEST(GridWidths, AWidthIsNeverNegative) {
@@ -155,6 +158,11 @@ TEST(GridOrder, ColumnsStandByTheirOrderEqualOnesByNumber) {
     ColumnOf(grid, 4).Order = 99;
     EXPECT_EQ(ColumnsFromLeft(grid), (std::vector<int>{3, 1, 2, 4}));
     EXPECT_TRUE(ColumnsFromLeft(Grid()).empty());
+    Grid wide = GridOf(40);
+    for (int number = 1; number <= 40; ++number) ColumnOf(wide, number).Order = number % 2;
+    const std::vector<int> columns = ColumnsFromLeft(wide);
+    EXPECT_TRUE(std::is_sorted(columns.begin(), columns.begin() + 20));
+    EXPECT_TRUE(std::is_sorted(columns.begin() + 20, columns.end()));
 }
 
 TEST(GridOrder, MovingAColumnNumbersAllAnew) {
@@ -202,6 +210,8 @@ TEST(GridRevision, GrowsWithEveryChange) {
     EXPECT_TRUE(grew());
     MoveColumn(grid, 1, 1);
     EXPECT_TRUE(grew());
+    EXPECT_EQ(ShownText(grid, grid.Rows[0].Cells[0], SeenColumn(grid, 1).Order), "2");
+    EXPECT_FALSE(grew());
     ClearGrid(grid);
     EXPECT_TRUE(grew());
 }

@@ -63,7 +63,7 @@ bool OnCellsEvent(GridView& view, QEvent* event) {
     const bool release = event->type() == QEvent::MouseButtonRelease;
     if (!press && !release) return false;
     const auto* mouse = static_cast<QMouseEvent*>(event);
-    if (mouse->button() == Qt::LeftButton) view.MouseDown = press;
+    if (press) view.MovesByKey = false;
     if (mouse->button() != Qt::RightButton) return false;
     // The right button chooses nothing: its menu is for the rows that are selected.
     if (release) UserAction([&view] { Raise(RecordOf(view.Place).RightClick); });
@@ -93,9 +93,10 @@ bool OnHeaderEvent(GridView& view, QEvent* event) {
     return false;
 }
 
-bool OnGridKey(GridView& view, QEvent* event) {
+bool OnGridEvent(GridView& view, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) view.MovesByKey = false;
     if (event->type() != QEvent::KeyPress) return false;
-    view.MouseDown = false;
+    view.MovesByKey = true;
     const int code = KeyCodeOf(*static_cast<QKeyEvent*>(event));
     if (code == 0 || !view.Record->Key) return false;
     bool dropped = false;
@@ -128,7 +129,7 @@ void ReportScrollLater(GridView& view) {
 
 void ConnectGridEvents(const View& view) {
     QTableView* table = view->Widget;
-    HookEvents(table, [view](QEvent* event) { return OnGridKey(*view, event); });
+    HookEvents(table, [view](QEvent* event) { return OnGridEvent(*view, event); });
     HookEvents(table->viewport(), [view](QEvent* event) { return OnCellsEvent(*view, event); });
     ConnectHeader(view);
     QObject::connect(table, &QTableView::pressed, table,
@@ -139,9 +140,10 @@ void ConnectGridEvents(const View& view) {
     QObject::connect(selection, &QItemSelectionModel::selectionChanged, table, [view] {
         if (!IsRefreshing()) view->Record->RowSelected = SelectedRows(*view);
     });
+    // A grid that gets the focus also goes to a row by itself: only keys make that a click.
     QObject::connect(selection, &QItemSelectionModel::currentRowChanged, table,
                      [view](const QModelIndex& index) {
-                         if (!view->MouseDown && !IsRefreshing()) ClickRow(view, index);
+                         if (view->MovesByKey && !IsRefreshing()) ClickRow(view, index);
                      });
     QObject::connect(table->horizontalScrollBar(), &QScrollBar::valueChanged, table,
                      [view] { ReportScroll(*view); });

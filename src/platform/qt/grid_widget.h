@@ -22,9 +22,9 @@ struct GridView {
     bool ShownOnce = false;
     std::int32_t ShownBackColour = kNoColour;
     std::int32_t ShownAlternateColour = kNoColour;
-    int ResizedColumn = 0;   ///< being dragged wider or narrower, 0 for none
-    int HoverColumn = 0;     ///< under the mouse
-    bool MouseDown = false;  ///< the left button, over the cells
+    int ResizedColumn = 0;    ///< being dragged wider or narrower, 0 for none
+    int HoverColumn = 0;      ///< under the mouse
+    bool MovesByKey = false;  ///< the last thing that the user did in it was to press a key
 };
 
 /// The rows that are selected in the widget, by the record's numbers less one.

@@ -36,15 +36,18 @@ class IndentDelegate : public QStyledItemDelegate {
     }
 };
 
-/// How the user goes about in a list at the moment.
-struct Pointer {
-    bool Down = false;                ///< the left mouse button
+/// How the user moves in a list. A list that gets the focus also goes to an entry by itself; that
+/// is neither of the two.
+enum class MovedBy { Nothing, Mouse, Key };
+
+struct Motion {
+    MovedBy By = MovedBy::Nothing;
     Qt::KeyboardModifiers Modifiers;  ///< at the last press or key
 };
 
 /// Arrow keys carry a modifier of their own on some systems; only these two keep a selection.
-bool AddsToSelection(const Pointer& pointer) {
-    return (pointer.Modifiers & (Qt::ControlModifier | Qt::ShiftModifier)) != 0;
+bool AddsToSelection(const Motion& motion) {
+    return (motion.Modifiers & (Qt::ControlModifier | Qt::ShiftModifier)) != 0;
 }
 
 QListWidget* MakeList(QWidget* parent) {
@@ -56,11 +59,11 @@ QListWidget* MakeList(QWidget* parent) {
     return list;
 }
 
-/// Follows the mouse's left button and the keys held with it, and runs `rightClick` when the right
-/// one was released; the right button chooses nothing.
-std::shared_ptr<Pointer> FollowMouse(QListWidget* list, std::function<void()> rightClick) {
-    auto pointer = std::make_shared<Pointer>();
-    HookEvents(list->viewport(), [pointer, rightClick](QEvent* event) {
+/// Follows the user's presses and keys, and runs `rightClick` when the right button was released;
+/// that button chooses nothing.
+std::shared_ptr<Motion> FollowUser(QListWidget* list, const std::function<void()>& rightClick) {
+    auto motion = std::make_shared<Motion>();
+    HookEvents(list->viewport(), [motion, rightClick](QEvent* event) {
         const bool press = event->type() == QEvent::MouseButtonPress ||
                            event->type() == QEvent::MouseButtonDblClick;
         const bool release = event->type() == QEvent::MouseButtonRelease;
@@ -70,16 +73,17 @@ std::shared_ptr<Pointer> FollowMouse(QListWidget* list, std::function<void()> ri
             if (release) rightClick();
             return true;
         }
-        if (mouse->button() == Qt::LeftButton) *pointer = {press, mouse->modifiers()};
+        if (press) *motion = {MovedBy::Mouse, mouse->modifiers()};
         return false;
     });
-    // A message box that a press brings up takes the release; the next key ends the press then.
-    HookEvents(list, [pointer](QEvent* event) {
-        if (event->type() != QEvent::KeyPress) return false;
-        *pointer = {false, static_cast<QKeyEvent*>(event)->modifiers()};
+    HookEvents(list, [motion](QEvent* event) {
+        if (event->type() == QEvent::FocusIn) motion->By = MovedBy::Nothing;
+        if (event->type() == QEvent::KeyPress) {
+            *motion = {MovedBy::Key, static_cast<QKeyEvent*>(event)->modifiers()};
+        }
         return false;
     });
-    return pointer;
+    return motion;
 }
 
 void FillList(QListWidget* list, const Control& record) {
@@ -87,6 +91,7 @@ void FillList(QListWidget* list, const Control& record) {
     for (const std::string& item : record.Items) {
         auto* entry = new QListWidgetItem(ToText(item), list);
         entry->setSizeHint(QSize(0, kListRowHeight));
+        entry->setToolTip(entry->text());  // a long name is cut in the list
     }
 }
 
@@ -158,9 +163,11 @@ QWidget* MakeFolderList(QWidget* parent, ControlRef place) {
     QListWidget* list = MakeList(parent);
     list->setItemDelegate(new IndentDelegate(list));
     list->setIconSize(QSize(14, 14));
-    FollowMouse(list, [place] { UserAction([place] { Raise(RecordOf(place).RightClick); }); });
-    QObject::connect(list, &QListWidget::currentRowChanged, list, [place](int row) {
-        if (row >= 0) UserAction([place, row] { ClickListEntry(RecordOf(place), row); });
+    const auto motion =
+        FollowUser(list, [place] { UserAction([place] { Raise(RecordOf(place).RightClick); }); });
+    QObject::connect(list, &QListWidget::currentRowChanged, list, [place, motion](int row) {
+        if (row < 0 || motion->By == MovedBy::Nothing) return;
+        UserAction([place, row] { ClickListEntry(RecordOf(place), row); });
     });
     HookEvents(list->viewport(), [list, place](QEvent* event) {
         if (event->type() != QEvent::MouseButtonDblClick) return false;
@@ -197,19 +204,19 @@ void ShowFolderList(QWidget* widget, const Control& record, const Control& shown
 QWidget* MakeFileList(QWidget* parent, ControlRef place) {
     QListWidget* list = MakeList(parent);
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    const auto pointer =
-        FollowMouse(list, [place] { UserAction([place] { Raise(RecordOf(place).RightClick); }); });
+    const auto motion =
+        FollowUser(list, [place] { UserAction([place] { Raise(RecordOf(place).RightClick); }); });
     QObject::connect(list, &QListWidget::itemSelectionChanged, list, [list, place] {
         if (!IsRefreshing()) RecordOf(place).ItemSelected = SelectionOf(list);
     });
     QObject::connect(list, &QListWidget::itemPressed, list,
-                     [list, place, pointer](QListWidgetItem* item) {
-                         ClickFile(list, place, list->row(item), AddsToSelection(*pointer));
+                     [list, place, motion](QListWidgetItem* item) {
+                         ClickFile(list, place, list->row(item), AddsToSelection(*motion));
                      });
     // Reported for every way of going to another entry; the mouse has its own report above.
-    QObject::connect(list, &QListWidget::currentRowChanged, list, [list, place, pointer](int row) {
-        if (pointer->Down || IsRefreshing()) return;
-        ClickFile(list, place, row, AddsToSelection(*pointer));
+    QObject::connect(list, &QListWidget::currentRowChanged, list, [list, place, motion](int row) {
+        if (motion->By != MovedBy::Key || IsRefreshing()) return;
+        ClickFile(list, place, row, AddsToSelection(*motion));
     });
     QObject::connect(list, &QListWidget::itemDoubleClicked, list,
                      [place] { UserAction([place] { Raise(RecordOf(place).DoubleClick); }); });

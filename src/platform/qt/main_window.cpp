@@ -8,6 +8,8 @@
 #include "platform/qt/shell.h"
 #include "platform/qt/text.h"
 #include "workbench/principal.h"
+#include "workbench/start_up.h"
+#include "workbench/window_layout.h"
 
 namespace brindlemoor {
 

@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -144,8 +145,12 @@ QWidget* MakeComboBox(QWidget* parent, ControlRef place) {
     if (RecordOf(place).Editable) {
         box->setEditable(true);
         box->setInsertPolicy(QComboBox::NoInsert);
-        box->setDuplicatesEnabled(true);  // else Enter would count as picking an equal item
         box->setCompleter(nullptr);
+        HookEvents(box, [](QEvent* event) {  // Enter would count as picking an equal item
+            if (event->type() != QEvent::KeyPress) return false;
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            return key == Qt::Key_Return || key == Qt::Key_Enter;
+        });
         QObject::connect(box->lineEdit(), &QLineEdit::textEdited, box,
                          [place](const QString& text) {
                              UserAction([place, text] {

@@ -28,13 +28,16 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         TextRow{"plain letters", "Abc 9~", QStringLiteral("Abc 9~")},
         TextRow{"a lone high byte is Windows-1252", "Pa\xF1uelo", QStringLiteral("Pa\u00F1uelo")},
-        TextRow{"bytes 0x80 to 0x9F have their own characters", "\x80\x99",
+        TextRow{"bytes 0x80 to 0x9F have their own characters", "\x80\x92",
                 QStringLiteral("\u20AC\u2019")},
         TextRow{"two bytes of UTF-8", "Pa\xC3\xB1uelo", QStringLiteral("Pa\u00F1uelo")},
         TextRow{"three bytes of UTF-8", "\xE2\x82\xAC", QStringLiteral("\u20AC")},
         TextRow{"four bytes of UTF-8", "\xF0\x9F\x92\xBE", QStringLiteral("\U0001F4BE")},
         TextRow{"a sequence cut at the end is bytes", "\xE2\x82", QStringLiteral("\u00E2\u201A")},
-        TextRow{"a lead byte before a letter is a byte", "\xC3" "A", QStringLiteral("\u00C3A")},
+        TextRow{"a lead byte before a letter is a byte",
+                "\xC3"
+                "A",
+                QStringLiteral("\u00C3A")},
         TextRow{"a longer form than needed is bytes", "\xC0\xAF", QStringLiteral("\u00C0\u00AF")},
         TextRow{"a surrogate in UTF-8 is bytes", "\xED\xA0\x80",
                 QStringLiteral("\u00ED\u00A0\u20AC")},

@@ -1,0 +1,65 @@
+#include "workbench/principal_menus.h"
+
+#include <iterator>
+#include <string>
+
+#include "core/languages.h"
+#include "core/platform.h"
+#include "core/settings.h"
+#include "image/modified_state.h"
+#include "workbench/principal.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr const char* kMakersPage = "https://brindlemoor.example/";
+
+void FilesMenuClicked(int index) {
+    constexpr int kExit = 8;
+    if (index == kExit) Platform.CloseMainWindow();
+}
+
+/// Item 0 leads to the menu of the languages. The two windows that edit the open image show
+/// afterwards whether it differs from its file.
+void OptionsMenuClicked(int index) {
+    static constexpr const char* kWindows[] = {"",           "Opciones",     "HeaderInfo",
+                                               "InfoNitros", "AudioConvert", "frmOptions"};
+    constexpr int kHeader = 2;
+    constexpr int kOs9Info = 3;
+    if (index < 1 || index >= static_cast<int>(std::size(kWindows))) return;
+    Platform.ShowModal(kWindows[index]);
+    if (index == kHeader || index == kOs9Info) RefreshModified();
+}
+
+void HelpMenuClicked(int index) {
+    Menu& languages = MenuOf(Principal, "LanguageMenu");
+    if (index == 0) {
+        const MenuItem& checked = ItemOf(languages, Settings.LanguageIndex);
+        Platform.StartProgram("notepad", {"Brindlemoor " + checked.Caption});
+    } else if (index == 1) {
+        Platform.OpenWebPage(kMakersPage);
+    } else {
+        Platform.ShowModal("Acerca");
+    }
+}
+
+void LanguageMenuClicked(int index) {
+    Menu& menu = MenuOf(Principal, "LanguageMenu");
+    MenuItem& chosen = ItemOf(menu, index);
+    for (MenuItem& item : menu.Items) item.Checked = false;
+    chosen.Checked = true;
+    const std::string language = chosen.Tag;
+    ChooseLanguage(language);
+}
+
+}  // namespace
+
+void ConnectMenus() {
+    MenuOf(Principal, "FilesMenu").Click = FilesMenuClicked;
+    MenuOf(Principal, "OptionsMenu").Click = OptionsMenuClicked;
+    MenuOf(Principal, "HelpMenu").Click = HelpMenuClicked;
+    MenuOf(Principal, "LanguageMenu").Click = LanguageMenuClicked;
+}
+
+}  // namespace brindlemoor

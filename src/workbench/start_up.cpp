@@ -1,0 +1,125 @@
+#include "workbench/start_up.h"
+
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include "core/byte_helpers.h"
+#include "core/disk_state.h"
+#include "core/numbers.h"
+#include "core/pc_folders.h"
+#include "core/runtime_failure.h"
+#include "core/screen.h"
+#include "core/settings.h"
+#include "core/settings_start.h"
+#include "workbench/directory_grid.h"
+#include "workbench/directory_totals.h"
+#include "workbench/pc_pane.h"
+#include "workbench/principal.h"
+#include "workbench/principal_design.h"
+#include "workbench/principal_menus.h"
+#include "workbench/screen_entries.h"
+#include "workbench/window_layout.h"
+
+namespace brindlemoor {
+
+namespace {
+
+constexpr int kFirstWidth = 1280 * kTwipsPerPixel;
+constexpr int kFirstHeight = 836 * kTwipsPerPixel;
+
+/// The colour of every other row by design, 0x00BBGGRR.
+constexpr std::int32_t kAlternateRowDesign = 0xE6FCFC;
+
+constexpr int kCocoBasicCharacters = 2;
+constexpr int kAllFilesPattern = 5;
+
+/// Has a list store its place, or its text, under `key` whenever it changes.
+void StoreListIndex(const std::string& name, const std::string& key) {
+    PrincipalControl(name).Click = [name, key] {
+        if (WindowBusy) return;
+        StoreSetting(key, DecimalText(PrincipalControl(name).ListIndex));
+    };
+}
+
+void StoreListText(const std::string& name, const std::string& key) {
+    const auto store = [name, key] {
+        if (!WindowBusy) StoreSetting(key, PrincipalControl(name).Text);
+    };
+    PrincipalControl(name).Click = store;
+    PrincipalControl(name).Change = store;
+}
+
+void ConnectViewerLists() {
+    StoreListIndex("VerAsc", "VerAscActual");
+    StoreListIndex("OpciónChar"_w, "OpciónCharActual"_w);
+    StoreListText("Anchos", "AnchoActual");
+}
+
+/// The pane shows the folder in which the program was started, until another is chosen.
+void ShowStartFolder() {
+    std::error_code error;
+    const std::string folder = std::filesystem::current_path(error).string();
+    if (!error && FolderExists(folder)) ShowPcFolder(folder);
+}
+
+/// Opens the image that was open when the program was last closed. A path, drive or file that is
+/// gone is no failure: the program starts without an image.
+void OpenLastImage() {
+    std::string path;
+    IniValue("General", "ArchivoActual", path, "");
+    try {
+        std::string folder;
+        std::string name;
+        SplitPath(path, folder, name);
+        ShowPcFolder(folder);
+        Control& files = PrincipalControl("File1");
+        for (std::size_t index = 0; index < files.Items.size(); ++index) {
+            if (files.Items[index] != name) continue;
+            SetListIndex(files, static_cast<int>(index));
+            SetText(PrincipalControl("FilePath"), path);
+            break;
+        }
+    } catch (const RuntimeFailure&) {  // starts without an image
+    }
+}
+
+}  // namespace
+
+void BuildPrincipal() {
+    Principal = Window();
+    ListDirec = Grid();
+    TotalsLines = {};
+    Principal.Name = "Principal";
+    Principal.Caption = "Brindlemoor";
+    Principal.Controls = DesignedControls();
+    Principal.Menus = DesignedMenus();
+    ListDirec.AlternateRowBackColour = kAlternateRowDesign;
+    ConnectScreen();
+    ConnectDirectoryGrid();
+    ConnectPcPane();
+    ConnectViewerLists();
+    ConnectMenus();
+    ListPcDrives();
+    ShowStartFolder();
+    ResizePrincipal(kFirstWidth, kFirstHeight);
+}
+
+bool StartUp() {
+    Disk.DirCount = -1;
+    Disk.AppTitle = "Brindlemoor";
+    Principal.Caption += " Version: " + ProgramVersion();
+    if (!InitialiseSettings()) return false;
+    SetListIndex(PrincipalControl("OpciónChar"_w), kCocoBasicCharacters);
+    Control& title = PrincipalControl("Label3");
+    title.Tag = title.Text;
+    OpenLastImage();
+    SetListIndex(PrincipalControl("DirPattern"), kAllFilesPattern);
+    return true;
+}
+
+void ClosePrincipal() {
+    StoreSetting("ArchivoActual", JoinPath(PrincipalControl("File1").Path, SelectedPcFile()));
+}
+
+}  // namespace brindlemoor
