@@ -31,7 +31,8 @@ std::string GranuleText(const std::string& chain) {
 /// in the first, more in those that continue it.
 std::string ExtentText(const std::string& chain) {
     std::string text;
-    for (int extent = 0; extent * 3 + 2 < static_cast<int>(chain.size()); ++extent) {
+    const auto extents = static_cast<std::int64_t>(chain.size() / 3);
+    for (std::int64_t extent = 0; extent < extents; ++extent) {
         if (extent > 2 && (extent - 4) % 6 == 0) text += "| ";
         const int sector = ByteAt(chain, extent * 3) * 256 + ByteAt(chain, extent * 3 + 1);
         text += DecimalText(sector) + "(" + DecimalText(ByteAt(chain, extent * 3 + 2)) + ") ";
@@ -42,8 +43,9 @@ std::string ExtentText(const std::string& chain) {
 /// OS-9 segments: "LSN(count) ", the first with its file descriptor in front: "LSN(1+count) ".
 std::string SegmentText(const std::string& chain) {
     std::string text;
-    for (int segment = 0; segment * 5 + 4 < static_cast<int>(chain.size()); ++segment) {
-        const int offset = segment * 5;
+    const auto segments = static_cast<std::int64_t>(chain.size() / 5);
+    for (std::int64_t segment = 0; segment < segments; ++segment) {
+        const std::int64_t offset = segment * 5;
         const int start = BigEndian(CutBytes(chain, offset, 3));
         const int count = ByteAt(chain, offset + 3) * 256 + ByteAt(chain, offset + 4);
         text += DecimalText(start) + (segment == 0 ? "(1+" : "(") + DecimalText(count) + ") ";

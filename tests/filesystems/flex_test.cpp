@@ -196,7 +196,7 @@ TEST_F(FlexTest, ADirectoryThatFillsItsSlotsEndsWithThem) {
 TEST_F(FlexTest, ADirectoryGoesOnBeyondTrack0AndItsSlotsThenBeginAtByte4) {
     // The last sector of track 0 links to track 20: it gives its bytes from 4 on, 252 in all.
     FlexBuilder disk;
-    disk.Link({0, 14}, {20, 1}).Data({20, 1}, 16, "LAST\0\0\0\0TXT");
+    disk.Link({0, 14}, {20, 1}).Data({20, 1}, 16, "LAST");
     Read(disk.Image());
     EXPECT_EQ(Disk.FlexDirectory.size(), 9U * 240 + 252 + 240);
     // 2652 bytes hold 110 slots and a half.

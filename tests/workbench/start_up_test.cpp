@@ -1,5 +1,7 @@
 // The start-up in its order, the restart with the image that was open last, and the closing.
 
+#include "workbench/start_up.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -17,7 +19,6 @@
 #include "support/workbench_fixture.h"
 #include "workbench/pc_pane.h"
 #include "workbench/principal.h"
-#include "workbench/start_up.h"
 
 namespace brindlemoor {
 namespace {
