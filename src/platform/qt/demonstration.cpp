@@ -1,6 +1,5 @@
 #include "platform/qt/demonstration.h"
 
-#include <QTimer>
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -14,6 +13,7 @@
 #endif
 
 #include "platform/qt/event_hook.h"
+#include "platform/qt/later.h"
 #include "platform/qt/shell.h"
 #include "platform/qt/text.h"
 #include "workbench/pc_pane.h"
@@ -83,7 +83,7 @@ void ClickAskedFile() {
 void SaveAskedPicture(QMainWindow* window) {
     const std::string path = Variable("BRINDLEMOOR_SCREENSHOT");
     if (path.empty()) return;
-    QTimer::singleShot(kSettleMilliseconds, window, [window, path] {
+    RunLater(window, kSettleMilliseconds, [window, path] {
         const bool saved = window->grab().save(ToText(path), "PNG");
         if (!saved) std::fprintf(stderr, "BRINDLEMOOR_SCREENSHOT: cannot write %s\n", path.c_str());
         QuitProgram(saved ? 0 : 1);
@@ -106,7 +106,7 @@ void PrepareDemonstration(MainWindow& window) {
     HookEvents(widget->centralWidget(), [widget, painted = false](QEvent* event) mutable {
         if (painted || event->type() != QEvent::Paint) return false;
         painted = true;
-        QTimer::singleShot(0, widget, [widget] { BeginDemonstration(widget); });
+        RunLater(widget, 0, [widget] { BeginDemonstration(widget); });
         return false;
     });
 }

@@ -7,6 +7,7 @@
 
 #include "platform/qt/event_hook.h"
 #include "platform/qt/key_codes.h"
+#include "platform/qt/later.h"
 #include "platform/qt/shell.h"
 
 namespace brindlemoor {
@@ -87,8 +88,7 @@ bool OnHeaderEvent(GridView& view, QEvent* event) {
     }
     // The header has to end its own drag before the record is shown in it again.
     if (view.ResizedColumn > 0) {
-        QMetaObject::invokeMethod(
-            header, [&view] { ReportResize(view); }, Qt::QueuedConnection);
+        RunLater(header, 0, [&view] { ReportResize(view); });
     }
     return false;
 }
@@ -123,8 +123,7 @@ void ConnectHeader(const View& view) {
 }  // namespace
 
 void ReportScrollLater(GridView& view) {
-    QMetaObject::invokeMethod(
-        view.Widget, [&view] { ReportScroll(view); }, Qt::QueuedConnection);
+    RunLater(view.Widget, 0, [&view] { ReportScroll(view); });
 }
 
 void ConnectGridEvents(const View& view) {

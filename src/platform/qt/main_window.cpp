@@ -5,6 +5,7 @@
 
 #include "platform/qt/event_hook.h"
 #include "platform/qt/icon.h"
+#include "platform/qt/later.h"
 #include "platform/qt/shell.h"
 #include "platform/qt/text.h"
 #include "workbench/principal.h"
@@ -40,12 +41,9 @@ void FollowRecordSize(QMainWindow* window, AgreedSize& agreed) {
     if (RecordSize() == agreed.Inner) return;
     agreed.Inner = RecordSize();
     const QSize outer = OuterSize(window, agreed.Inner);
-    QMetaObject::invokeMethod(
-        window,
-        [window, outer] {
-            if (!window->isMaximized() && !window->isFullScreen()) window->resize(outer);
-        },
-        Qt::QueuedConnection);
+    RunLater(window, 0, [window, outer] {
+        if (!window->isMaximized() && !window->isFullScreen()) window->resize(outer);
+    });
 }
 
 void FollowWindowSize(QSize inner, AgreedSize& agreed) {
