@@ -98,7 +98,8 @@ std::string ReadDirectory() {
     bool clashReported = false;
     for (Disk.DirCount = 0; Disk.DirCount < kDecbSlots; ++Disk.DirCount) {
         const std::string slot = CutBytes(
-            Disk.ImageBytes, kDecbDirectoryOffset + std::int64_t{Disk.DirCount} * kDecbSlotBytes, kDecbSlotBytes);
+            Disk.ImageBytes, kDecbDirectoryOffset + std::int64_t{Disk.DirCount} * kDecbSlotBytes,
+            kDecbSlotBytes);
         const bool whole = slot.size() >= kDecbSlotFields;
         if (!whole && ByteOr(slot, 0, 0) != kEndOfDirectory) {
             // The image ends inside its directory: the rows before this one stand.
