@@ -11,7 +11,6 @@ Window Acerca;
 
 namespace {
 
-constexpr char kWebPage[] = "https://brindlemoor.example/";
 constexpr char kMail[] = "hello@brindlemoor.example";
 constexpr char kMakers[] = "The Brindlemoor team";
 
@@ -51,7 +50,7 @@ void BuildAcerca() {
     Add("Label1", Label, {8, 88, 380, 22}, "Desarrollo y programación por:"_w);
     Add("Label2", Label, {24, 110, 364, 22}, kMakers);
     Add("Label3", Label, {8, 142, 90, 24}, "Web (Blog):");
-    Add("Text1", TextBox, {100, 142, 288, 24}, kWebPage).ReadOnly = true;
+    Add("Text1", TextBox, {100, 142, 288, 24}, kMakersPage).ReadOnly = true;
     Add("Label4", Label, {8, 172, 90, 24}, "Email: ");
     Add("Text2", TextBox, {100, 172, 288, 24}, kMail).ReadOnly = true;
 }

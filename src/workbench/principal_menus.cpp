@@ -7,13 +7,12 @@
 #include "core/platform.h"
 #include "core/settings.h"
 #include "image/modified_state.h"
+#include "workbench/acerca.h"
 #include "workbench/principal.h"
 
 namespace brindlemoor {
 
 namespace {
-
-constexpr const char* kMakersPage = "https://brindlemoor.example/";
 
 void FilesMenuClicked(int index) {
     constexpr int kExit = 8;
