@@ -3,11 +3,13 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
-#include <memory>
+#include <utility>
 
 #if __has_include(<unistd.h>)
 #include <unistd.h>
 #endif
+
+#include "core/file_handle.h"
 
 namespace brindlemoor {
 
@@ -15,16 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct FileCloser {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, FileCloser>;
-
 constexpr int kMostNamesTried = 1000;
-
-std::error_code LastError() {
-    return {errno != 0 ? errno : EIO, std::generic_category()};
-}
 
 /// The file that a link leads to, also where there is none yet.
 fs::path LinkTarget(const fs::path& path) {
@@ -37,12 +30,18 @@ fs::path LinkTarget(const fs::path& path) {
     return target.is_absolute() ? target : path.parent_path() / target;
 }
 
-/// What speaks against writing to `path` before anything is tried.
-std::error_code Objection(const fs::path& path, const fs::file_status& old) {
+/// What speaks against a path before the system is asked about it: it would look no further than
+/// a zero byte, and find somebody else's file.
+std::error_code ObjectionToPath(const std::string& path) {
     if (path.empty()) return std::make_error_code(std::errc::no_such_file_or_directory);
-    if (path.native().find('\0') != std::string::npos) {
+    if (path.find('\0') != std::string::npos) {
         return std::make_error_code(std::errc::invalid_argument);
     }
+    return {};
+}
+
+/// What speaks against replacing what stands there now.
+std::error_code ObjectionToReplacing(const fs::file_status& old) {
     if (fs::is_directory(old)) return std::make_error_code(std::errc::is_a_directory);
     if (fs::is_other(old)) return std::make_error_code(std::errc::not_supported);
     constexpr fs::perms kAnyWrite =
@@ -83,18 +82,19 @@ bool WriteAndClose(File file, const std::string& bytes, Flush flush) {
 }  // namespace
 
 std::error_code ReplaceFile(const std::string& path, const std::string& bytes, Flush flush) {
+    if (const std::error_code objection = ObjectionToPath(path)) return objection;
     std::error_code error;
     const fs::path target = LinkTarget(path);
     const fs::file_status old = fs::status(target, error);
-    if (const std::error_code objection = Objection(target, old)) return objection;
+    if (const std::error_code objection = ObjectionToReplacing(old)) return objection;
     fs::path name;
     File file = OpenNewFileBeside(target, name);
-    if (!file) return LastError();
+    if (!file) return LastFileError();
     // Before the bytes are in it: nobody may read a private file meanwhile.
     if (fs::is_regular_file(old)) fs::permissions(name, old.permissions(), error);
     error.clear();
     errno = 0;
-    if (!WriteAndClose(std::move(file), bytes, flush)) error = LastError();
+    if (!WriteAndClose(std::move(file), bytes, flush)) error = LastFileError();
     if (!error) fs::rename(name, target, error);
     if (error) {
         std::error_code ignored;

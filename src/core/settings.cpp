@@ -2,11 +2,12 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
-#include <memory>
+#include <filesystem>
+#include <system_error>
 
 #include "core/byte_helpers.h"
 #include "core/disk_state.h"
+#include "core/file_handle.h"
 #include "core/runtime_failure.h"
 #include "core/safe_file.h"
 
@@ -22,21 +23,8 @@ constexpr int kVersionRevision = 3;
 
 const std::string kLineEnd = "\r\n";
 
-struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, CloseFile>;
-
-[[noreturn]] void FailWithSystemError() {
-    const int number = errno != 0 ? errno : EIO;
-    throw RuntimeFailure{number, std::strerror(number)};
-}
-
-File OpenSettings(const std::string& path, const char* mode) {
-    errno = 0;
-    File file(std::fopen(path.c_str(), mode));
-    if (!file) FailWithSystemError();
-    return file;
+[[noreturn]] void FailWith(const std::error_code& error) {
+    throw RuntimeFailure{error.value(), error.message()};
 }
 
 bool BeginsWith(const std::string& line, const std::string& start) {
@@ -91,7 +79,10 @@ std::string ProgramVersion() {
 }
 
 std::string ReadSettings(const std::string& path) {
-    const File file = OpenSettings(path, "rb");
+    std::error_code error;
+    const File file = OpenForReading(path, error);
+    if (!file) FailWith(error);
+    errno = 0;
     std::string text;
     char block[16384];
     for (;;) {
@@ -99,23 +90,19 @@ std::string ReadSettings(const std::string& path) {
         text.append(block, count);
         if (count < sizeof block) break;
     }
-    if (std::ferror(file.get()) != 0) FailWithSystemError();
+    if (std::ferror(file.get()) != 0) FailWith(LastFileError());
     return text;
 }
 
 std::string OpenOrMakeSettings(const std::string& path) {
-    try {
-        return ReadSettings(path);
-    } catch (const RuntimeFailure& failure) {
-        if (failure.Number != ENOENT) throw;
-    }
-    WriteSettings(path, "");
-    return {};
+    std::error_code error;
+    if (!std::filesystem::exists(path, error)) WriteSettings(path, "");
+    return ReadSettings(path);
 }
 
 void WriteSettings(const std::string& path, const std::string& text) {
     const std::error_code error = ReplaceFile(path, text, Flush::No);
-    if (error) throw RuntimeFailure{error.value(), error.message()};
+    if (error) FailWith(error);
 }
 
 int IniValue(const std::string& section, const std::string& key, std::string& value,

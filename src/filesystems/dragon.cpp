@@ -159,7 +159,7 @@ bool ReadEntries(const std::string& directory) {
         }
         DirEntry& row = DirTable[Disk.DirCount];
         row.SectorCount = static_cast<std::int32_t>((row.Size + kSectorSize - 1) / kSectorSize);
-        row.UnitCount = (row.SectorCount + 8) / 9;
+        row.UnitCount = (row.SectorCount + kDragonGranuleSectors - 1) / kDragonGranuleSectors;
         Disk.UsedSectors += row.SectorCount;
     }
     return true;

@@ -28,6 +28,10 @@ namespace brindlemoor {
 
 inline constexpr int kDragonEntries = 160;
 inline constexpr int kDragonEntryBytes = 25;
+
+/// Sectors that a directory row counts as one granule, as on a CoCo disk.
+inline constexpr int kDragonGranuleSectors = 9;
+
 inline constexpr int kDragonBitmapBytes = 360;
 inline constexpr int kDragonGeometrySector = 360;
 inline constexpr int kDragonDirectorySector = 362;

@@ -2,13 +2,12 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
-#include <memory>
 #include <system_error>
 
 #include "core/byte_helpers.h"
 #include "core/disk_state.h"
+#include "core/file_handle.h"
 #include "core/numbers.h"
 #include "core/platform.h"
 #include "core/runtime_failure.h"
@@ -22,11 +21,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct FileCloser {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, FileCloser>;
-
 /// The part of a file that is read, in bytes.
 struct FilePart {
     long long Offset = 0;
@@ -37,10 +31,6 @@ bool ShowSystemError(const std::error_code& error) {
     Platform.ShowMessage("Error!!! " + DecimalText(error.value()) + " " + error.message(),
                          Disk.AppTitle, Buttons::Ok, MessageIcon::Critical);
     return false;
-}
-
-std::error_code LastError() {
-    return {errno != 0 ? errno : EIO, std::generic_category()};
 }
 
 /// Names that come from a disk may hold characters that a PC's file name may not.
@@ -83,22 +73,14 @@ bool ReadPart(std::FILE* file, FilePart part, std::string& data) {
 
 bool ReadPcFile(const std::string& path, std::string& data) {
     std::error_code error;
-    // The system would read such a name only as far as its zero byte.
-    if (path.find('\0') != std::string::npos) {
-        return ShowSystemError(std::make_error_code(std::errc::invalid_argument));
-    }
-    // A pipe or a device is never opened: reading it may not end.
-    const bool special = fs::is_other(path, error);
-    if (special) return ShowSystemError(std::make_error_code(std::errc::not_supported));
+    const File file = OpenForReading(path, error);
+    if (!file) return ShowSystemError(error);
     const auto size = fs::file_size(path, error);
     if (error) return ShowSystemError(error);
-    errno = 0;
-    const File file(std::fopen(path.c_str(), "rb"));
-    if (!file) return ShowSystemError(LastError());
     FilePart part{0, static_cast<long long>(size)};
     if (part.Length > kHardDiskLimit) part = AskHardDiskPart();
     errno = 0;
-    return ReadPart(file.get(), part, data) || ShowSystemError(LastError());
+    return ReadPart(file.get(), part, data) || ShowSystemError(LastFileError());
 }
 
 /// The questions before a file is written. False when the user gave up: `path` becomes empty.

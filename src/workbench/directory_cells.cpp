@@ -6,13 +6,13 @@
 #include "core/byte_helpers.h"
 #include "core/numbers.h"
 #include "core/settings.h"
+#include "filesystems/decb.h"
 #include "workbench/principal.h"
 
 namespace brindlemoor {
 
 namespace {
 
-constexpr int kGranuleSectors = 9;
 constexpr int kIndentPixels = 13;
 constexpr std::int32_t kDeletedColour = 0x8080FF;
 constexpr std::int32_t kProtectedColour = 0x646464;
@@ -158,7 +158,7 @@ bool IsOs9DotEntry(const DirEntry& entry) {
 
 std::int64_t UsedBytes(const DirEntry& entry) {
     if (Disk.DiskFamily == kDecb) {
-        return static_cast<std::int64_t>(entry.Chain.size()) * kGranuleSectors * kSectorSize;
+        return static_cast<std::int64_t>(entry.Chain.size()) * kDecbGranuleSectors * kSectorSize;
     }
     if (Disk.DiskFamily == kDragon) {
         return entry.Size == 0 ? 0 : ((entry.Size - 1) / kSectorSize + 1) * kSectorSize;

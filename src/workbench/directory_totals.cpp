@@ -7,6 +7,7 @@
 #include "core/byte_helpers.h"
 #include "core/disk_state.h"
 #include "core/numbers.h"
+#include "filesystems/decb.h"
 #include "workbench/principal.h"
 
 namespace brindlemoor {
@@ -14,8 +15,6 @@ namespace brindlemoor {
 std::array<std::string, 3> TotalsLines;
 
 namespace {
-
-constexpr int kGranuleSectors = 9;
 
 std::string Grouped(std::int64_t value) {
     return FormatNumber(static_cast<double>(value), "###,###");
@@ -34,10 +33,10 @@ std::string UsedLine(const DirectorySums& sums) {
 
 std::string CapacityLine() {
     const std::int64_t bytes = static_cast<std::int64_t>(Disk.TotalUnits) * kSectorSize;
-    return JoinText(
-        {"Max:", DecimalText(Disk.MaxDirEntries), "", "", DecimalText(Disk.TotalUnits),
-         DecimalText(Disk.TotalUnits / kGranuleSectors), Grouped(bytes), Grouped(bytes), "      "},
-        "|");
+    return JoinText({"Max:", DecimalText(Disk.MaxDirEntries), "", "", DecimalText(Disk.TotalUnits),
+                     DecimalText(Disk.TotalUnits / kDecbGranuleSectors), Grouped(bytes),
+                     Grouped(bytes), "      "},
+                    "|");
 }
 
 std::string FreeLine(const DirectorySums& sums) {
@@ -45,7 +44,7 @@ std::string FreeLine(const DirectorySums& sums) {
     const std::int64_t used = static_cast<std::int64_t>(Disk.UsedSectors) * kSectorSize;
     return JoinText({MessageText(14), DecimalText(Disk.MaxDirEntries - sums.RowsShown), "", "",
                      DecimalText(Disk.TotalUnits - Disk.UsedSectors),
-                     DecimalText(Disk.TotalUnits / kGranuleSectors - sums.Units),
+                     DecimalText(Disk.TotalUnits / kDecbGranuleSectors - sums.Units),
                      Grouped(bytes - sums.Size), Grouped(bytes - used), MessageText(15)},
                     "|");
 }

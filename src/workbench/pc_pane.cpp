@@ -29,25 +29,14 @@ std::string FolderLabel(const std::string& path) {
     return path.substr(end + 1);
 }
 
-/// Runs steps whose failures do not matter: a vanished path or drive is none.
-template <typename Step>
-void IgnoringFailures(Step step) {
-    try {
-        step();
-    } catch (const RuntimeFailure&) {  // the next step goes on without it
-    }
-}
-
 void DriveChosen() {
     const Control& drives = PrincipalControl("Drive1");
     if (drives.ListIndex < 0) return;
-    const auto index = static_cast<std::size_t>(drives.ListIndex);
-    try {
-        SetDir1Path(drives.ItemTags.at(index));
-    } catch (const RuntimeFailure& failure) {
-        Platform.ShowMessage("Error..!!! " + DecimalText(failure.Number) + "  " + failure.Text,
-                             Disk.AppTitle, Buttons::Ok, MessageIcon::Exclamation);
-    }
+    const std::string path = drives.ItemTags.at(static_cast<std::size_t>(drives.ListIndex));
+    const auto failure = FailureOfStep([&path] { SetDir1Path(path); });
+    if (!failure) return;
+    Platform.ShowMessage("Error..!!! " + DecimalText(failure->Number) + "  " + failure->Text,
+                         Disk.AppTitle, Buttons::Ok, MessageIcon::Exclamation);
 }
 
 /// Enters the folder that is marked in `Dir1`. One that vanished meanwhile changes nothing.
@@ -55,7 +44,7 @@ void EnterMarkedFolder() {
     const Control& folders = PrincipalControl("Dir1");
     if (folders.ListIndex < 0) return;
     const std::string path = folders.ItemTags.at(static_cast<std::size_t>(folders.ListIndex));
-    IgnoringFailures([&path] { SetDir1Path(path); });
+    FailureOfStep([&path] { SetDir1Path(path); });
 }
 
 /// The pattern stands behind the text's first ":" and one more character.
@@ -80,7 +69,7 @@ void FilePathLeft() {
     if (path.find_first_of(std::string("\\") + PathSeparator()) == std::string::npos) {
         path = JoinPath(PrincipalControl("File1").Path, path);
     }
-    IgnoringFailures([&path] {
+    FailureOfStep([&path] {
         std::string folder;
         std::string file;
         SplitPath(path, folder, file);

@@ -1,5 +1,6 @@
 #include "workbench/start_up.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <system_error>
@@ -68,20 +69,17 @@ void ShowStartFolder() {
 void OpenLastImage() {
     std::string path;
     IniValue("General", "ArchivoActual", path, "");
-    try {
+    FailureOfStep([&path] {
         std::string folder;
         std::string name;
         SplitPath(path, folder, name);
         ShowPcFolder(folder);
         Control& files = PrincipalControl("File1");
-        for (std::size_t index = 0; index < files.Items.size(); ++index) {
-            if (files.Items[index] != name) continue;
-            SetListIndex(files, static_cast<int>(index));
-            SetText(PrincipalControl("FilePath"), path);
-            break;
-        }
-    } catch (const RuntimeFailure&) {  // starts without an image
-    }
+        const auto found = std::find(files.Items.begin(), files.Items.end(), name);
+        if (found == files.Items.end()) return;
+        SetListIndex(files, static_cast<int>(found - files.Items.begin()));
+        SetText(PrincipalControl("FilePath"), path);
+    });
 }
 
 }  // namespace

@@ -46,6 +46,7 @@ TEST_F(SafeFileTest, AFailureHalfWayLeavesTheOldFileAndNoOther) {
 
 TEST_F(SafeFileTest, WhatIsNoOrdinaryFileIsRefused) {
     EXPECT_EQ(ReplaceFile("", "x", Flush::No), std::errc::no_such_file_or_directory);
+    EXPECT_FALSE(fs::exists("~save0.tmp"));
     EXPECT_EQ(ReplaceFile(folder_, "x", Flush::No), std::errc::is_a_directory);
     EXPECT_EQ(ReplaceFile(folder_ + std::string("/a\0b", 4), "x", Flush::No),
               std::errc::invalid_argument);
@@ -54,6 +55,14 @@ TEST_F(SafeFileTest, WhatIsNoOrdinaryFileIsRefused) {
     EXPECT_EQ(ReplaceFile(pipe, "x", Flush::No), std::errc::not_supported);
     EXPECT_TRUE(fs::is_fifo(pipe));
     EXPECT_EQ(Files(), 1U);
+}
+
+TEST_F(SafeFileTest, AZeroByteBehindALinksNameLeadsNowhere) {
+    const std::string real = WriteTestFile(folder_, "real", "somebody's");
+    fs::create_symlink(real, folder_ + "/link");
+    EXPECT_EQ(ReplaceFile(folder_ + std::string("/link\0.dsk", 10), "x", Flush::No),
+              std::errc::invalid_argument);
+    EXPECT_EQ(FileBytes(real), "somebody's");
 }
 
 TEST_F(SafeFileTest, AFileThatNobodyMayWriteIsRefused) {
