@@ -27,6 +27,7 @@ PlatformTable SilentPlatform() {
     };
     table.ShowModal = [](const std::string&) {};
     table.PopupMenu = [](const std::string&) {};
+    table.DrawText = [](Picture&, const TextLine&) {};
     table.OpenWebPage = [](const std::string&) { return false; };
     table.StartProgram = [](const std::string&, const std::vector<std::string>&) { return false; };
     table.ListDrives = [] { return std::vector<DriveEntry>(); };

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "core/picture.h"
+
 namespace brindlemoor {
 
 /// The buttons of a message box, and the one that was pressed.
@@ -38,6 +40,9 @@ struct PlatformTable {
     /// Shows the popup menu of that name of the main window at the pointer, runs the click routine
     /// of the item chosen, and returns when the menu is gone.
     std::function<void(const std::string& menu)> PopupMenu;
+
+    /// Draws a line of text into a picture, in the fixed-pitch font of the window.
+    std::function<void(Picture& picture, const TextLine& line)> DrawText;
 
     /// Opens a page of the web in the user's browser. False when that is not possible.
     std::function<bool(const std::string& address)> OpenWebPage;

@@ -110,4 +110,15 @@ void SetChecked(Control& control, bool checked) {
     Raise(control.Click);
 }
 
+void SetSize(Control& control, int width, int height) {
+    if (control.Width == width && control.Height == height) return;
+    control.Width = width;
+    control.Height = height;
+    if (control.Surface != nullptr) {
+        ResizePicture(*control.Surface, width / kTwipsPerPixel - 2 * kPictureFrame,
+                      height / kTwipsPerPixel - 2 * kPictureFrame);
+    }
+    Raise(control.Resize);
+}
+
 }  // namespace brindlemoor

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/picture.h"
+
 namespace brindlemoor {
 
 /// Window units in a pixel. Places and sizes of controls are in these units ("twips").
@@ -39,8 +41,22 @@ enum KeyCode : int {
     kKeyEnter = 13,
     kKeyEscape = 27,
     kKeyDoubleQuote = 34,
+    kKeyLeft = 37,
+    kKeyUp = 38,
+    kKeyRight = 39,
     kKeyDown = 40,
     kKeyDelete = 46,
+};
+
+/// Pixels of the frame around a picture's surface, at each side.
+inline constexpr int kPictureFrame = 1;
+
+/// Where the mouse is over a control, and which of its buttons are down.
+struct MouseAt {
+    int X = 0;  ///< pixels from the control's left edge; over a picture those of its surface
+    int Y = 0;
+    bool LeftDown = false;
+    bool RightDown = false;
 };
 
 /// One control of a window: a record of what it shows and the routines of its events. Change it
@@ -80,6 +96,10 @@ struct Control {
     int Maximum = 0;
     int LargeChange = 1;
 
+    /// Pictures: what is shown inside the frame. The record that owns the pixels stands beside the
+    /// window, for as long as the program runs.
+    Picture* Surface = nullptr;
+
     bool Checked = false;
     bool Enabled = true;
     bool Visible = true;
@@ -92,6 +112,9 @@ struct Control {
     std::function<void()> RightClick;
     std::function<void()> Leave;       ///< the focus goes elsewhere
     std::function<bool(int key)> Key;  ///< a key went down; true: the control drops it
+    std::function<void()> Resize;      ///< width or height differs
+    std::function<void(const MouseAt&)> MouseDown;
+    std::function<void(const MouseAt&)> MouseMove;
 };
 
 /// One item of a menu array. A caption "-" is a separator.
@@ -153,6 +176,10 @@ void SetValue(Control& control, int value);
 
 /// Stores the check of a check box; runs `Click` when it differs.
 void SetChecked(Control& control, bool checked);
+
+/// Stores the size of a control in twips; a picture's surface takes the size inside its frame and
+/// is cleared. Runs `Resize` when the size differs.
+void SetSize(Control& control, int width, int height);
 
 /// Runs an event routine, if there is one.
 inline void Raise(const std::function<void()>& routine) {

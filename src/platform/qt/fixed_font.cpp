@@ -2,9 +2,13 @@
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
+#include <QGlyphRun>
+#include <QRawFont>
 #include <algorithm>
 #include <array>
+#include <cmath>
 
+#include "platform/qt/text.h"
 #include "workbench/grid.h"
 
 namespace brindlemoor {
@@ -24,15 +28,39 @@ QString InstalledFamily() {
     return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
 }
 
-QFont MakeFixedFont(bool bold) {
-    QFont font(InstalledFamily());
-    font.setPixelSize(kFixedPixelSize);
+QFont MakeFixedFont(bool bold, int pixelSize, double characterWidth) {
+    static const QString family = InstalledFamily();
+    QFont font(family);
+    font.setPixelSize(pixelSize);
     font.setStyleHint(QFont::TypeWriter);
     font.setKerning(false);
     font.setBold(bold);
     const double advance = QFontMetricsF(font).horizontalAdvance(QLatin1Char('M'));
-    font.setLetterSpacing(QFont::AbsoluteSpacing, kGridCharacterWidth - advance);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, characterWidth - advance);
     return font;
+}
+
+/// A font for cells of one height, with the glyph of every byte of Windows-1252; 0 where the font
+/// has none.
+struct CellFont {
+    int PixelSize = 0;
+    QRawFont Font;
+    std::array<quint32, 256> Glyphs = {};
+};
+
+/// The font made last is kept: a whole pane asks for the same.
+const CellFont& CellFontOf(int pixelSize) {
+    static CellFont kept;
+    if (kept.PixelSize == pixelSize) return kept;
+    kept.PixelSize = pixelSize;
+    kept.Font = QRawFont::fromFont(MakeFixedFont(false, pixelSize, kGridCharacterWidth));
+    for (std::size_t byte = 0; byte < kept.Glyphs.size(); ++byte) {
+        const QString character = ToCells(std::string(1, static_cast<char>(byte)));
+        const auto glyphs = kept.Font.glyphIndexesForString(character);
+        const bool shown = character.front().isPrint() && !character.front().isSpace();
+        kept.Glyphs[byte] = shown && !glyphs.isEmpty() ? glyphs.front() : 0;
+    }
+    return kept;
 }
 
 /// Characters that the font itself is sure to have, so that a run of them keeps the cells.
@@ -43,7 +71,9 @@ bool IsPlain(QChar character) {
 }  // namespace
 
 QFont FixedFont(bool bold) {
-    static const std::array<QFont, 2> fonts = {MakeFixedFont(false), MakeFixedFont(true)};
+    static const std::array<QFont, 2> fonts = {
+        MakeFixedFont(false, kFixedPixelSize, kGridCharacterWidth),
+        MakeFixedFont(true, kFixedPixelSize, kGridCharacterWidth)};
     return fonts[bold ? 1 : 0];
 }
 
@@ -64,6 +94,32 @@ void DrawFixedText(QPainter& painter, const QRect& place, const QString& text, b
         if (character.isPrint()) painter.drawText(x, baseline, QString(character));
         x += kGridCharacterWidth;
     }
+}
+
+void DrawByteCells(QPainter& painter, const QRectF& place, const std::string& bytes,
+                   double cellWidth) {
+    constexpr double kLettersInCell = 11.0 / 12;
+    const auto letters = static_cast<int>(std::lround(place.height() * kLettersInCell));
+    const CellFont& font = CellFontOf(std::max(letters, 1));
+    QList<quint32> glyphs;
+    QList<QPointF> places;
+    double left = 0;
+    for (const char byte : bytes) {
+        const quint32 glyph = font.Glyphs[static_cast<unsigned char>(byte)];
+        if (glyph != 0) {
+            glyphs.append(glyph);
+            places.append(QPointF(left, 0));
+        }
+        left += cellWidth;
+    }
+    if (glyphs.isEmpty()) return;
+    QGlyphRun run;
+    run.setRawFont(font.Font);
+    run.setGlyphIndexes(glyphs);
+    run.setPositions(places);
+    const double height = font.Font.ascent() + font.Font.descent();
+    const double baseline = place.top() + (place.height() - height) / 2 + font.Font.ascent();
+    painter.drawGlyphRun(QPointF(place.left(), baseline), run);
 }
 
 }  // namespace brindlemoor

@@ -3,7 +3,9 @@
 #include <QFont>
 #include <QPainter>
 #include <QRect>
+#include <QRectF>
 #include <QString>
+#include <string>
 
 namespace brindlemoor {
 
@@ -17,5 +19,11 @@ QFont FixedFont(bool bold = false);
 /// Characters that cannot be shown take their cell and leave it blank.
 void DrawFixedText(QPainter& painter, const QRect& place, const QString& text, bool bold,
                    bool rightAligned);
+
+/// Draws bytes of Windows-1252 with the painter's pen in cells of any size, one byte a cell, from
+/// the left edge of `place`, whose height is that of a cell: the letters are as high as the cell.
+/// Bytes without a character leave their cell blank.
+void DrawByteCells(QPainter& painter, const QRectF& place, const std::string& bytes,
+                   double cellWidth);
 
 }  // namespace brindlemoor

@@ -12,6 +12,7 @@
 
 #include "platform/qt/menus.h"
 #include "platform/qt/modal_window.h"
+#include "platform/qt/picture_text.h"
 #include "platform/qt/shell.h"
 #include "platform/qt/text.h"
 #include "workbench/principal.h"
@@ -145,6 +146,7 @@ PlatformTable QtPlatform() {
         RefreshWindows();
         RunPopupMenu(Principal, menu);
     };
+    table.DrawText = DrawPictureText;
     table.OpenWebPage = [](const std::string& address) {
         return QDesktopServices::openUrl(QUrl(ToText(address)));
     };

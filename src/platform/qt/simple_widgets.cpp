@@ -231,12 +231,4 @@ void ShowScrollBar(QWidget* widget, const Control& record, const Control& /*show
     bar->setValue(record.Value);
 }
 
-QWidget* MakePicture(QWidget* parent, ControlRef /*place*/) {
-    auto* surface = new QFrame(parent);
-    surface->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    surface->setBackgroundRole(QPalette::Base);
-    surface->setAutoFillBackground(true);
-    return surface;
-}
-
 }  // namespace brindlemoor

@@ -30,6 +30,4 @@ QWidget* MakeHorizontalBar(QWidget* parent, ControlRef place);
 QWidget* MakeVerticalBar(QWidget* parent, ControlRef place);
 void ShowScrollBar(QWidget* widget, const Control& record, const Control& shown);
 
-QWidget* MakePicture(QWidget* parent, ControlRef place);
-
 }  // namespace brindlemoor

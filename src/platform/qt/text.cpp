@@ -56,11 +56,15 @@ std::optional<Decoded> Utf8At(const std::string& bytes, std::size_t offset) {
     return Decoded{character, offset, trail + 1};
 }
 
+/// The character of a byte in Windows-1252.
+char16_t CharacterOf(unsigned byte) {
+    const bool mapped = byte >= 0x80 && byte <= 0x9F;
+    return mapped ? kHighControls[byte - 0x80] : static_cast<char16_t>(byte);
+}
+
 Decoded CharacterAt(const std::string& bytes, std::size_t offset) {
     if (const auto sequence = Utf8At(bytes, offset)) return *sequence;
-    const unsigned byte = ByteOf(bytes, offset);
-    const bool mapped = byte >= 0x80 && byte <= 0x9F;
-    return {mapped ? kHighControls[byte - 0x80] : static_cast<char32_t>(byte), offset, 1};
+    return {CharacterOf(ByteOf(bytes, offset)), offset, 1};
 }
 
 std::vector<Decoded> Decode(const std::string& bytes) {
@@ -138,6 +142,15 @@ QString ToText(const std::string& bytes) {
         offset += character.Length;
     }
     return FromUcs4(characters);
+}
+
+QString ToCells(const std::string& bytes) {
+    QString text;
+    text.reserve(static_cast<qsizetype>(bytes.size()));
+    for (std::size_t offset = 0; offset < bytes.size(); ++offset) {
+        text.append(QChar(CharacterOf(ByteOf(bytes, offset))));
+    }
+    return text;
 }
 
 std::string ToBytes(const QString& text) {

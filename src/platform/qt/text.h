@@ -9,6 +9,9 @@ namespace brindlemoor {
 /// 128 up as Windows-1252.
 QString ToText(const std::string& bytes);
 
+/// Every byte as its one character of Windows-1252, also where several make a UTF-8 sequence.
+QString ToCells(const std::string& bytes);
+
 /// `text` as Windows-1252 bytes. A text that holds a character outside it, or whose bytes `ToText`
 /// would read otherwise, becomes UTF-8 whole.
 std::string ToBytes(const QString& text);

@@ -10,6 +10,7 @@
 #include "platform/qt/fixed_font.h"
 #include "platform/qt/key_codes.h"
 #include "platform/qt/list_widgets.h"
+#include "platform/qt/picture_widget.h"
 #include "platform/qt/shell.h"
 #include "platform/qt/simple_widgets.h"
 #include "platform/qt/text.h"
@@ -38,7 +39,7 @@ constexpr std::array<KindRow, 12> kKinds = {{
     {ControlKind::Frame, MakeFrame, nullptr},
     {ControlKind::HorizontalBar, MakeHorizontalBar, ShowScrollBar},
     {ControlKind::VerticalBar, MakeVerticalBar, ShowScrollBar},
-    {ControlKind::Picture, MakePicture, nullptr},
+    {ControlKind::Picture, MakePicture, ShowPicture},
     {ControlKind::DriveList, MakeDriveList, ShowDriveList},
     {ControlKind::FolderList, MakeFolderList, ShowFolderList},
     {ControlKind::FileList, MakeFileList, ShowFileList},

@@ -65,6 +65,10 @@ PlatformTable ScriptedPlatform(Script& script) {
         script.PopupMenus.push_back(menu);
         if (script.OnPopup) script.OnPopup(menu);
     };
+    table.DrawText = [&script](Picture& picture, const TextLine& line) {
+        script.DrawnLines.push_back(line);
+        ++picture.Revision;
+    };
     table.OpenWebPage = [&script](const std::string& address) {
         script.Pages.push_back(address);
         return script.ProgramsStart;

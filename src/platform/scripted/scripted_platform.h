@@ -49,6 +49,7 @@ struct Script {
     std::vector<ShownPrompt> Prompts;
     std::vector<std::string> ModalWindows;
     std::vector<std::string> PopupMenus;
+    std::vector<TextLine> DrawnLines;  ///< texts for pictures; no pixel is drawn
     std::vector<StartedProgram> Programs;
     std::vector<std::string> Pages;
     bool Closed = false;  ///< `CloseMainWindow` was called
