@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Writes the seeds of the two disk targets into fuzz/corpus from the images of tests/data.
+"""Writes the seeds of the disk and BASIC targets into fuzz/corpus from the files of tests/data.
 
-A seed holds the sectors of a disk that say where things are (allocation tables, directories,
+A seed of a disk holds the sectors of a disk that say where things are (allocation tables, directories,
 file descriptors) and no contents. No image here is a FLEX disk, so one is made from the format's
 tables.
 """
@@ -108,7 +108,25 @@ def flex_image():
     return bytes(image)
 
 
+def basic_seeds():
+    """Programs as two tools stored them, and the texts that they were made from."""
+    for path in sorted(DATA.glob("basic/*.tok")):
+        save("basic_to_text_fuzzer", path.stem, path.read_bytes())
+    coco = (DATA / "basic/PRIMES.decb.tok").read_bytes()
+    dragon = (DATA / "basic/TRIANGLE.imgtool.tok").read_bytes()
+    save("basic_to_text_fuzzer", "cut-in-a-line", coco[:100])
+    save("basic_to_text_fuzzer", "negative-length", coco[:1] + b"\x80\0" + coco[3:100])
+    save("basic_to_text_fuzzer", "no-end-mark", dragon[:8] + b"\0" + dragon[9:])
+    save("basic_to_text_fuzzer", "wrong-tokens", dragon[:9] + b"\x24\x22\0\x0a\xf9A\xff\xa9\xff")
+    for path in sorted(DATA.glob("content/*-basic/*.BAS")):
+        save("text_to_basic_fuzzer", path.stem, path.read_bytes())
+    save("text_to_basic_fuzzer", "crlf", b"\r10 REM\"FOR\"\r\n20 DATA\"?\":?\r\n")
+    save("text_to_basic_fuzzer", "no-numbers", b"CLS\nPRINT\n")
+    save("text_to_basic_fuzzer", "blanks-at-the-end", b"10 A\r20   ")
+
+
 def main():
+    basic_seeds()
     for path in sorted(DATA.glob("decb*/*.dsk")):
         image = path.read_bytes()
         if len(image) % SECTOR == 0:

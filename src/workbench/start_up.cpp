@@ -5,6 +5,7 @@
 #include <string>
 #include <system_error>
 
+#include "convert/basic_words.h"
 #include "core/byte_helpers.h"
 #include "core/disk_state.h"
 #include "core/numbers.h"
@@ -104,6 +105,7 @@ void BuildPrincipal() {
 }
 
 bool StartUp() {
+    BuildBasicWords();
     Disk.DirCount = -1;
     Disk.AppTitle = "Brindlemoor";
     Principal.Caption += " Version: " + ProgramVersion();

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "convert/basic_words.h"
 #include "core/byte_helpers.h"
 #include "core/disk_state.h"
 #include "core/platform.h"
@@ -72,6 +73,19 @@ TEST_F(StartUpTest, TitleAndCursorAreSetBeforeTheSettingsAreRead) {
     script_.Answers = {Answer::No};
     Start();
     EXPECT_TRUE(asked);
+}
+
+TEST_F(StartUpTest, TheWordsOfBasicAreBuiltFirst) {
+    for (auto* list : {&CocoCommands, &CocoFunctions, &DragonCommands, &DragonFunctions}) {
+        list->clear();
+    }
+    GiveDefaultSettings("Version=1.1.3", "Version=1.0.0");
+    script_.Answers = {Answer::Cancel};
+    EXPECT_FALSE(StartUp());
+    EXPECT_EQ(CocoCommands.size(), 121U);
+    EXPECT_EQ(CocoFunctions.size(), 46U);
+    EXPECT_EQ(DragonCommands.size(), 104U);
+    EXPECT_EQ(DragonFunctions.size(), 41U);
 }
 
 TEST_F(StartUpTest, TheFirstStartAsksNothingAndShowsEnglish) {
