@@ -26,6 +26,7 @@ PlatformTable SilentPlatform() {
         return std::string();
     };
     table.ShowModal = [](const std::string&) {};
+    table.ShowWindow = [](const std::string&) {};
     table.PopupMenu = [](const std::string&) {};
     table.DrawText = [](Picture&, const TextLine&) {};
     table.OpenWebPage = [](const std::string&) { return false; };

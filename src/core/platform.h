@@ -37,6 +37,10 @@ struct PlatformTable {
     /// Shows the window of that name, and returns when it was closed.
     std::function<void(const std::string& window)> ShowModal;
 
+    /// Shows the window of that name beside the main window, and returns at once. One that stands
+    /// open already shows its record as it is now, and comes to the front.
+    std::function<void(const std::string& window)> ShowWindow;
+
     /// Shows the popup menu of that name of the main window at the pointer, runs the click routine
     /// of the item chosen, and returns when the menu is gone.
     std::function<void(const std::string& menu)> PopupMenu;

@@ -104,15 +104,23 @@ void OpenLoadedImage(const std::string& folder, const std::string& name, const s
     BringDiskBack(before);
 }
 
+/// The viewer frees a text that starts with 239 of its high bits, in place. A disk may start with
+/// that byte too, and is opened as it was read: its bytes, or nothing where they stay as they are.
+std::string BytesThatViewRepairs(const std::string& bytes) {
+    constexpr int kHighBitText = 239;
+    return ByteOr(bytes, 0, 0) == kHighBitText ? bytes : std::string();
+}
+
 /// Loads the file and shows it in the viewer. A file that cannot be read leaves nothing to view.
 bool LoadAndView(const std::string& name, std::string path) {
     std::string bytes;
     const bool loaded = LoadPcFile("A", path, bytes, 0);
     Disk.PcFileBytes = std::move(bytes);
-    if (!loaded) return false;
     Disk.PcFileTypeText = ShortExtension(name) == "BAS" ? "0" : "2";
+    const std::string repaired = BytesThatViewRepairs(Disk.PcFileBytes);
     Screen.ViewFile(-1, Disk.PcFileTypeText == "0" ? 0 : 2);
-    return true;
+    if (!repaired.empty()) Disk.PcFileBytes = repaired;
+    return loaded;
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include "core/byte_helpers.h"
 #include "core/settings.h"
+#include "workbench/control_design.h"
 
 namespace brindlemoor {
 
@@ -14,24 +15,8 @@ namespace {
 constexpr char kMail[] = "hello@brindlemoor.example";
 constexpr char kMakers[] = "The Brindlemoor team";
 
-/// A rectangle in pixels.
-struct Place {
-    int Left;
-    int Top;
-    int Width;
-    int Height;
-};
-
 Control& Add(const std::string& name, ControlKind kind, Place place, const std::string& text) {
-    Control control;
-    control.Name = name;
-    control.Kind = kind;
-    control.Left = place.Left * kTwipsPerPixel;
-    control.Top = place.Top * kTwipsPerPixel;
-    control.Width = place.Width * kTwipsPerPixel;
-    control.Height = place.Height * kTwipsPerPixel;
-    control.Text = text;
-    Acerca.Controls.push_back(control);
+    Acerca.Controls.push_back(Designed(name, kind, place, text));
     return Acerca.Controls.back();
 }
 

@@ -115,8 +115,7 @@ void SetSize(Control& control, int width, int height) {
     control.Width = width;
     control.Height = height;
     if (control.Surface != nullptr) {
-        ResizePicture(*control.Surface, width / kTwipsPerPixel - 2 * kPictureFrame,
-                      height / kTwipsPerPixel - 2 * kPictureFrame);
+        ResizePicture(*control.Surface, SurfacePixels(width), SurfacePixels(height));
     }
     Raise(control.Resize);
 }

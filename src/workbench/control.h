@@ -40,7 +40,11 @@ enum KeyCode : int {
     kKeyTab = 9,
     kKeyEnter = 13,
     kKeyEscape = 27,
-    kKeyDoubleQuote = 34,
+    kKeyPageUp = 33,
+    kKeyDoubleQuote = 34,  ///< the code of Page Down as well
+    kKeyPageDown = 34,
+    kKeyEnd = 35,
+    kKeyHome = 36,
     kKeyLeft = 37,
     kKeyUp = 38,
     kKeyRight = 39,
@@ -115,6 +119,7 @@ struct Control {
     std::function<void()> Resize;      ///< width or height differs
     std::function<void(const MouseAt&)> MouseDown;
     std::function<void(const MouseAt&)> MouseMove;
+    std::function<void(int steps)> Wheel;  ///< the mouse wheel turned, towards the user above 0
 };
 
 /// One item of a menu array. A caption "-" is a separator.
@@ -143,6 +148,9 @@ struct Window {
     int Height = 0;
     std::vector<Control> Controls;
     std::vector<Menu> Menus;
+
+    std::function<void(int width, int height)> Resize;  ///< the user gave it an inner size, twips
+    std::function<void()> Close;                        ///< it is gone from the screen
 };
 
 /// The control, or the menu, of that name, case aside. Fails with 730 when there is none.
@@ -176,6 +184,11 @@ void SetValue(Control& control, int value);
 
 /// Stores the check of a check box; runs `Click` when it differs.
 void SetChecked(Control& control, bool checked);
+
+/// Pixels of a picture's surface along a side of `twips` of its control.
+inline int SurfacePixels(int twips) {
+    return twips / kTwipsPerPixel - 2 * kPictureFrame;
+}
 
 /// Stores the size of a control in twips; a picture's surface takes the size inside its frame and
 /// is cleared. Runs `Resize` when the size differs.

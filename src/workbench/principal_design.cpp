@@ -4,48 +4,14 @@
 #include <utility>
 
 #include "core/byte_helpers.h"
+#include "workbench/control_design.h"
 
 namespace brindlemoor {
 
 namespace {
 
-/// A rectangle in pixels.
-struct Place {
-    int Left;
-    int Top;
-    int Width;
-    int Height;
-};
-
-Control Designed(const std::string& name, ControlKind kind, Place place, std::string text = {}) {
-    Control control;
-    control.Name = name;
-    control.Kind = kind;
-    control.Left = place.Left * kTwipsPerPixel;
-    control.Top = place.Top * kTwipsPerPixel;
-    control.Width = place.Width * kTwipsPerPixel;
-    control.Height = place.Height * kTwipsPerPixel;
-    control.Text = std::move(text);
-    return control;
-}
-
 Control WithTip(Control control, const std::string& tip) {
     control.ToolTip = tip;
-    return control;
-}
-
-Control WithFont(Control control, FontKind font) {
-    control.Font = font;
-    return control;
-}
-
-Control Within(const std::string& frame, Control control) {
-    control.Container = frame;
-    return control;
-}
-
-Control Invisible(Control control) {
-    control.Visible = false;
     return control;
 }
 
@@ -67,20 +33,6 @@ Control WithRange(Control control, int minimum, int maximum) {
     return control;
 }
 
-Control List(const std::string& name, Place place, std::vector<std::string> items, bool editable) {
-    Control control = Designed(name, ControlKind::ComboBox, place);
-    control.Items = std::move(items);
-    control.Editable = editable;
-    return control;
-}
-
-/// A list that stands on one of its items from the start.
-Control ListAt(Control control, int index) {
-    control.ListIndex = index;
-    control.Text = control.Items[static_cast<std::size_t>(index)];
-    return control;
-}
-
 Control TotalsLine(int index) {
     Control line = Designed("totales", ControlKind::Label, {8, 0, 700, 20});
     line.Index = index;
@@ -99,12 +51,12 @@ void AddPcPane(Controls& controls) {
     controls.push_back(Designed("File1", FileList, {174, 36, 214, 174}));
     controls.back().Pattern = "*.*";
     controls.push_back(Designed("Label5", Label, {8, 216, 60, 24}, "Tipo:"));
-    controls.push_back(
-        List("DirPattern", {68, 216, 320, 24},
-             {"Discos CoCo y Dragon: *.DSK;*.VDK", "Discos CoCo: *.DSK", "Discos Dragon: *.VDK",
-              "Archivos: *.BAS;*.BIN;*.TXT;*.DAT",
-              "Discos y archivos: *.DSK;*.VDK;*.BAS;*.BIN;*.TXT;*.DAT", "Todos Los Archivos: *.*"},
-             true));
+    controls.push_back(DesignedList(
+        "DirPattern", {68, 216, 320, 24},
+        {"Discos CoCo y Dragon: *.DSK;*.VDK", "Discos CoCo: *.DSK", "Discos Dragon: *.VDK",
+         "Archivos: *.BAS;*.BIN;*.TXT;*.DAT",
+         "Discos y archivos: *.DSK;*.VDK;*.BAS;*.BIN;*.TXT;*.DAT", "Todos Los Archivos: *.*"},
+        true));
     controls.push_back(Designed("Label6", Label, {8, 246, 60, 24}, "Archivo:"));
     controls.push_back(Designed("FilePath", TextBox, {68, 246, 320, 24}));
 }
@@ -114,22 +66,23 @@ void AddViewer(Controls& controls) {
     using enum ControlKind;
     controls.push_back(Designed("Caracteres", Frame, {396, 4, 600, 268}));
     controls.push_back(Designed("Label7", Label, {404, 10, 38, 24}, "Basic:"));
-    controls.push_back(
-        ListAt(List("VerAsc", {444, 10, 96, 24}, {"Auto", "Comprimido", "ASC CoCo"}, false), 0));
-    controls.push_back(Designed("Label8", Label, {547, 10, 76, 24}, "Caracteres:"));
     controls.push_back(ListAt(
-        List("OpciónChar"_w, {624, 10, 90, 24}, {"Windows", "CoCo", "CoCo Bas", "CoCo MAX"}, false),
-        0));
+        DesignedList("VerAsc", {444, 10, 96, 24}, {"Auto", "Comprimido", "ASC CoCo"}, false), 0));
+    controls.push_back(Designed("Label8", Label, {547, 10, 76, 24}, "Caracteres:"));
+    controls.push_back(ListAt(DesignedList("OpciónChar"_w, {624, 10, 90, 24},
+                                           {"Windows", "CoCo", "CoCo Bas", "CoCo MAX"}, false),
+                              0));
     controls.push_back(Designed("Label9", Label, {721, 10, 42, 24}, "Zoom:"));
     controls.push_back(ListAt(
-        List("Zoom", {764, 10, 72, 24},
-             {" 10%", "  50%", "  75%", "100%", "150%", "200%", "500%", "1000%", "2600%"}, true),
+        DesignedList("Zoom", {764, 10, 72, 24},
+                     {" 10%", "  50%", "  75%", "100%", "150%", "200%", "500%", "1000%", "2600%"},
+                     true),
         3));
     controls.push_back(Designed("Label10", Label, {843, 10, 46, 24}, "Ancho:"));
-    controls.push_back(
-        ListAt(List("Anchos", {890, 10, 100, 24},
-                    {"Auto", "Lineas (13)", "Lineas (13+10)", "Lineas (0)", "Todo", "256"}, true),
-               0));
+    controls.push_back(ListAt(
+        DesignedList("Anchos", {890, 10, 100, 24},
+                     {"Auto", "Lineas (13)", "Lineas (13+10)", "Lineas (0)", "Todo", "256"}, true),
+        0));
     controls.push_back(
         WithFont(Designed("Archivo", Picture, {404, 40, 570, 188}), FontKind::Fixed));
     controls.push_back(Designed("VScrollA", VerticalBar, {976, 40, 17, 188}));
@@ -161,7 +114,7 @@ void AddDirectory(Controls& controls) {
     controls.push_back(
         Disabled(Designed("VerBorrados", CheckBox, {568, 0, 140, 20}, "Ver Borrados")));
     controls.push_back(Invisible(Designed("txtEdit", TextBox, {8, 314, 60, 17})));
-    controls.push_back(Invisible(List("ComboEdit", {8, 314, 60, 17}, {}, false)));
+    controls.push_back(Invisible(DesignedList("ComboEdit", {8, 314, 60, 17}, {}, false)));
     controls.push_back(Designed("Iconos", Hidden, {0, 0, 16, 16}));
 }
 

@@ -14,6 +14,7 @@
 #include "workbench/directory_grid.h"
 #include "workbench/pc_pane.h"
 #include "workbench/principal.h"
+#include "workbench/principal_viewer.h"
 
 namespace brindlemoor {
 
@@ -121,6 +122,7 @@ void ConnectScreen() {
     };
     Screen.PathDskText = [] { return PrincipalControl("PathDsk").Text; };
     Screen.SetPathDsk = [](const std::string& path) { SetText(PrincipalControl("PathDsk"), path); };
+    Screen.ViewFile = [](int newFile, int mode) { ViewFile(PrincipalViewer, newFile, mode); };
     Screen.SetCaptionAndTag = [](const std::string& name, const std::string& text) {
         Control& control = PrincipalControl(name);
         SetText(control, text);

@@ -14,12 +14,15 @@
 #include "core/screen.h"
 #include "core/settings.h"
 #include "core/settings_start.h"
+#include "workbench/archivos.h"
 #include "workbench/directory_grid.h"
 #include "workbench/directory_totals.h"
 #include "workbench/pc_pane.h"
 #include "workbench/principal.h"
 #include "workbench/principal_design.h"
 #include "workbench/principal_menus.h"
+#include "workbench/principal_viewer.h"
+#include "workbench/row_click.h"
 #include "workbench/screen_entries.h"
 #include "workbench/window_layout.h"
 
@@ -33,30 +36,7 @@ constexpr int kFirstHeight = 836 * kTwipsPerPixel;
 /// The colour of every other row by design, 0x00BBGGRR.
 constexpr std::int32_t kAlternateRowDesign = 0xE6FCFC;
 
-constexpr int kCocoBasicCharacters = 2;
 constexpr int kAllFilesPattern = 5;
-
-/// Has a list store its place, or its text, under `key` whenever it changes.
-void StoreListIndex(const std::string& name, const std::string& key) {
-    PrincipalControl(name).Click = [name, key] {
-        if (WindowBusy) return;
-        StoreSetting(key, DecimalText(PrincipalControl(name).ListIndex));
-    };
-}
-
-void StoreListText(const std::string& name, const std::string& key) {
-    const auto store = [name, key] {
-        if (!WindowBusy) StoreSetting(key, PrincipalControl(name).Text);
-    };
-    PrincipalControl(name).Click = store;
-    PrincipalControl(name).Change = store;
-}
-
-void ConnectViewerLists() {
-    StoreListIndex("VerAsc", "VerAscActual");
-    StoreListIndex("OpciónChar"_w, "OpciónCharActual"_w);
-    StoreListText("Anchos", "AnchoActual");
-}
 
 /// The pane shows the folder in which the program was started, until another is chosen.
 void ShowStartFolder() {
@@ -89,6 +69,7 @@ void BuildPrincipal() {
     Principal = Window();
     ListDirec = Grid();
     TotalsLines = {};
+    Archivos = Window();
     Principal.Name = "Principal";
     Principal.Caption = "Brindlemoor";
     Principal.Controls = DesignedControls();
@@ -97,7 +78,8 @@ void BuildPrincipal() {
     ConnectScreen();
     ConnectDirectoryGrid();
     ConnectPcPane();
-    ConnectViewerLists();
+    BuildPrincipalViewer();
+    ConnectRowClick();
     ConnectMenus();
     ListPcDrives();
     ShowStartFolder();

@@ -18,7 +18,7 @@ void PlaceViewer(int width, int viewerWidth) {
     Control& frame = PrincipalControl("Caracteres");
     Control& viewer = PrincipalControl("Archivo");
     frame.Width = width - frame.Left - 50;
-    viewer.Width = viewerWidth;
+    SetSize(viewer, viewerWidth, viewer.Height);
     PrincipalControl("VScrollA").Left = viewer.Left + viewerWidth;
     PrincipalControl("HScrollA").Width = viewerWidth;
     PrincipalControl("Propiedades").Width = viewerWidth;

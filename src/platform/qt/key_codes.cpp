@@ -14,8 +14,8 @@ struct KeyRow {
     int Code;
 };
 
-/// Page Down has no row: its code is that of the double quote.
-constexpr std::array<KeyRow, 16> kKeys = {{
+/// Page Down and the double quote share a code.
+constexpr std::array<KeyRow, 17> kKeys = {{
     {Qt::Key_Backspace, 8},
     {Qt::Key_Tab, kKeyTab},
     {Qt::Key_Backtab, kKeyTab},
@@ -23,12 +23,13 @@ constexpr std::array<KeyRow, 16> kKeys = {{
     {Qt::Key_Enter, kKeyEnter},
     {Qt::Key_Escape, kKeyEscape},
     {Qt::Key_Space, 32},
-    {Qt::Key_PageUp, 33},
-    {Qt::Key_End, 35},
-    {Qt::Key_Home, 36},
-    {Qt::Key_Left, 37},
-    {Qt::Key_Up, 38},
-    {Qt::Key_Right, 39},
+    {Qt::Key_PageUp, kKeyPageUp},
+    {Qt::Key_PageDown, kKeyPageDown},
+    {Qt::Key_End, kKeyEnd},
+    {Qt::Key_Home, kKeyHome},
+    {Qt::Key_Left, kKeyLeft},
+    {Qt::Key_Up, kKeyUp},
+    {Qt::Key_Right, kKeyRight},
     {Qt::Key_Down, kKeyDown},
     {Qt::Key_Insert, 45},
     {Qt::Key_Delete, kKeyDelete},

@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWheelEvent>
 #include <cmath>
 
 #include "platform/qt/event_hook.h"
@@ -34,6 +35,18 @@ MouseAt MouseOf(const QMouseEvent& event) {
     return mouse;
 }
 
+/// Turns that are less than a step of the wheel are kept until they make one.
+bool TurnWheel(QWidget* widget, ControlRef place, const QWheelEvent& event) {
+    constexpr const char* kRest = "wheelRest";
+    constexpr int kStep = QWheelEvent::DefaultDeltasPerStep;
+    if (!RecordOf(place).Wheel) return false;
+    const int turned = widget->property(kRest).toInt() + event.angleDelta().y();
+    widget->setProperty(kRest, turned % kStep);
+    const int steps = -(turned / kStep);
+    if (steps != 0) UserAction([place, steps] { RecordOf(place).Wheel(steps); });
+    return true;
+}
+
 bool OnPictureEvent(QWidget* widget, ControlRef place, QEvent* event) {
     const QEvent::Type type = event->type();
     if (type == QEvent::Paint) {
@@ -41,6 +54,7 @@ bool OnPictureEvent(QWidget* widget, ControlRef place, QEvent* event) {
         return true;
     }
     if (type == QEvent::FocusIn || type == QEvent::FocusOut) widget->update();
+    if (type == QEvent::Wheel) return TurnWheel(widget, place, *static_cast<QWheelEvent*>(event));
     const bool press = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
     if (!press && type != QEvent::MouseMove) return false;
     const MouseAt mouse = MouseOf(*static_cast<QMouseEvent*>(event));

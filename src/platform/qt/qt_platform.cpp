@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/qt/detached_window.h"
 #include "platform/qt/menus.h"
 #include "platform/qt/modal_window.h"
 #include "platform/qt/picture_text.h"
@@ -142,6 +143,7 @@ PlatformTable QtPlatform() {
         RefreshWindows();
         RunModalWindow(window);
     };
+    table.ShowWindow = ShowDetachedWindow;
     table.PopupMenu = [](const std::string& menu) {
         RefreshWindows();
         RunPopupMenu(Principal, menu);

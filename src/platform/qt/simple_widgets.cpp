@@ -174,11 +174,13 @@ void ShowComboBox(QWidget* widget, const Control& record, const Control& shown) 
         QAbstractItemView* list = box->view();
         list->setMinimumWidth(list->sizeHintForColumn(0) + 2 * list->frameWidth() + 24);
     }
+    // Leaving the items for a typed text empties the line, and with it the cursor's place.
+    const bool typing = box->isEditable() && box->hasFocus();
+    const int cursor = typing ? box->lineEdit()->cursorPosition() : 0;
     if (box->currentIndex() != record.ListIndex) box->setCurrentIndex(record.ListIndex);
     if (!box->isEditable()) return;
     const QString text = ToText(record.Text);
     if (box->lineEdit()->text() == text) return;
-    const int cursor = box->hasFocus() ? box->lineEdit()->cursorPosition() : 0;
     box->setEditText(text);
     box->lineEdit()->setCursorPosition(cursor);
 }

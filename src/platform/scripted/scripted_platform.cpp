@@ -61,6 +61,7 @@ PlatformTable ScriptedPlatform(Script& script) {
         script.ModalWindows.push_back(window);
         if (script.OnModal) script.OnModal(window);
     };
+    table.ShowWindow = [&script](const std::string& window) { script.Windows.push_back(window); };
     table.PopupMenu = [&script](const std::string& menu) {
         script.PopupMenus.push_back(menu);
         if (script.OnPopup) script.OnPopup(menu);

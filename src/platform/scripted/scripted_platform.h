@@ -48,6 +48,7 @@ struct Script {
     std::vector<ShownMessage> Messages;
     std::vector<ShownPrompt> Prompts;
     std::vector<std::string> ModalWindows;
+    std::vector<std::string> Windows;  ///< shown beside the main window
     std::vector<std::string> PopupMenus;
     std::vector<TextLine> DrawnLines;  ///< texts for pictures; no pixel is drawn
     std::vector<StartedProgram> Programs;
