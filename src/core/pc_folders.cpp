@@ -83,14 +83,16 @@ std::vector<std::string> FoldersIn(const std::string& folder) {
     });
 }
 
+bool MatchesOnePattern(const std::string& name, const std::string& patterns) {
+    const std::vector<std::string> list = SplitText(patterns, ";");
+    return std::any_of(list.begin(), list.end(), [&name](const std::string& pattern) {
+        return MatchesPattern(name, Trim(pattern));
+    });
+}
+
 std::vector<std::string> FilesIn(const std::string& folder, const std::string& patterns) {
-    std::vector<std::string> list = SplitText(patterns, ";");
-    for (std::string& pattern : list) pattern = Trim(pattern);
-    return NamesIn(folder, [&list](const fs::directory_entry& entry, const std::string& name) {
-        const auto matches = [&name](const std::string& pattern) {
-            return MatchesPattern(name, pattern);
-        };
-        return std::any_of(list.begin(), list.end(), matches) && IsListedFile(entry);
+    return NamesIn(folder, [&patterns](const fs::directory_entry& entry, const std::string& name) {
+        return MatchesOnePattern(name, patterns) && IsListedFile(entry);
     });
 }
 

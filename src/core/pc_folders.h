@@ -18,6 +18,9 @@ std::vector<std::string> FilesIn(const std::string& folder, const std::string& p
 /// does not matter. "*.*" matches every name; an empty pattern none.
 bool MatchesPattern(const std::string& name, const std::string& pattern);
 
+/// The same for several patterns, separated by ";" and perhaps blanks: true when one matches.
+bool MatchesOnePattern(const std::string& name, const std::string& patterns);
+
 /// True when `folder` is a folder that exists.
 bool FolderExists(const std::string& folder);
 

@@ -64,12 +64,6 @@ std::string ShortExtension(const std::string& name) {
     return UpperCase(Right(name, 3));
 }
 
-/// A plain search: the three letters need not be a whole extension.
-bool LooksLikeImage(const std::string& name) {
-    static const std::string kImageExtensions = ".DSK.VDK.OS9.VHD.DMK";
-    return kImageExtensions.find(ShortExtension(name)) != std::string::npos;
-}
-
 /// Asks whether unsaved changes may be lost, if there are any.
 bool MayLeaveDisk() {
     if (Disk.ImageModified == 0) return true;
@@ -125,12 +119,17 @@ bool LoadAndView(const std::string& name, std::string path) {
 
 }  // namespace
 
+bool HasImageExtension(const std::string& name) {
+    static const std::string kImageExtensions = ".DSK.VDK.OS9.VHD.DMK";
+    return kImageExtensions.find(ShortExtension(name)) != std::string::npos;
+}
+
 void OpenImageFromList() {
     const std::string folder = Screen.PcListFolder();
     const std::string name = Screen.PcListName();
     const std::string path = JoinPath(folder, name);
     Screen.SetFilePath(path);
-    if (!LoadAndView(name, path) || !LooksLikeImage(name)) return;
+    if (!LoadAndView(name, path) || !HasImageExtension(name)) return;
     if (Disk.PcFileBytes.size() < kShortestImage) {
         Platform.ShowMessage("Disco Virtual muy pequeño, como para leer el Directorio"_w,
                              Disk.AppTitle, Buttons::Ok, MessageIcon::Exclamation);

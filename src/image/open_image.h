@@ -1,6 +1,13 @@
 #pragma once
 
+#include <string>
+
 namespace brindlemoor {
+
+/// True when a click on a file of that name opens it as a disk image: its last three characters
+/// occur in ".DSK.VDK.OS9.VHD.DMK", case aside. This is a plain search: they need not be a whole
+/// extension.
+bool HasImageExtension(const std::string& name);
 
 /// Opens the file that is selected in the list `File1`, which is what a click there does: loads it
 /// into `Disk.PcFileBytes`, shows it in the viewer and, when its name has an image extension and

@@ -118,8 +118,13 @@ struct Control {
     std::function<bool(int key)> Key;  ///< a key went down; true: the control drops it
     std::function<void()> Resize;      ///< width or height differs
     std::function<void(const MouseAt&)> MouseDown;
-    std::function<void(const MouseAt&)> MouseMove;
+    std::function<void(const MouseAt&)> MouseMove;  ///< over a list: only while an entry is held
     std::function<void(int steps)> Wheel;  ///< the mouse wheel turned, towards the user above 0
+
+    // A drag by the mouse from the control named `source`.
+    std::function<void(const std::string& source)> DragEnter;
+    std::function<void(const std::string& source)> DragLeave;
+    std::function<void(const std::string& source)> DragDrop;
 };
 
 /// One item of a menu array. A caption "-" is a separator.

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "convert/file_commands.h"
 #include "core/byte_helpers.h"
 #include "core/dates.h"
 #include "core/disk_state.h"
@@ -14,6 +15,7 @@
 #include "image/modified_state.h"
 #include "workbench/directory_cells.h"
 #include "workbench/directory_totals.h"
+#include "workbench/file_popup.h"
 #include "workbench/principal.h"
 
 namespace brindlemoor {
@@ -181,6 +183,12 @@ void ShowColumnTip(int column) {
     ListDirec.ToolTip = ItemOf(MenuOf(Principal, "columnsMenu"), column - 1).Caption;
 }
 
+bool GridKey(int key) {
+    if (key == kKeyEscape) Raise(PrincipalControl("UndoBtn").Click);
+    if (key == kKeyDelete) DeleteByKey(kDiskSide);
+    return key == kKeyEscape || key == kKeyDelete;
+}
+
 }  // namespace
 
 void FillDirectoryGrid() {
@@ -207,6 +215,7 @@ void ConnectDirectoryGrid() {
     ListDirec.HeaderRightClick = ShowColumnsMenu;
     ListDirec.MouseOver = ShowColumnTip;
     ListDirec.Scrolled = LayoutTotals;
+    ListDirec.Key = GridKey;
     MenuOf(Principal, "columnsMenu").Click = ToggleColumn;
     PrincipalControl("VerBorrados").Click = FillDirectoryGrid;
     PrincipalControl("VerContinuaciones").Click = FillDirectoryGrid;

@@ -14,6 +14,8 @@
 
 namespace brindlemoor {
 
+std::string FilePathText;
+
 namespace {
 
 constexpr int kPathNotFound = 76;
@@ -47,12 +49,8 @@ void EnterMarkedFolder() {
     FailureOfStep([&path] { SetDir1Path(path); });
 }
 
-/// The pattern stands behind the text's first ":" and one more character.
 void ApplyPattern() {
-    const std::string& text = PrincipalControl("DirPattern").Text;
-    const std::size_t colon = text.find(':');
-    const bool named = colon != std::string::npos && colon + 2 <= text.size();
-    PrincipalControl("File1").Pattern = named ? text.substr(colon + 2) : std::string();
+    PrincipalControl("File1").Pattern = PatternOf(PrincipalControl("DirPattern").Text);
     RefreshPcFiles();
 }
 
@@ -109,6 +107,12 @@ void ListFolders(Control& folders) {
 }
 
 }  // namespace
+
+std::string PatternOf(const std::string& text) {
+    const std::size_t colon = text.find(':');
+    const bool named = colon != std::string::npos && colon + 2 <= text.size();
+    return named ? text.substr(colon + 2) : std::string();
+}
 
 void SetDir1Path(const std::string& path) {
     const std::string folder = WholeFolderPath(path);
@@ -196,6 +200,8 @@ void ConnectPcPane() {
     };
     PrincipalControl("DirPattern").Click = PatternPicked;
     PrincipalControl("DirPattern").Change = ApplyPattern;
+    FilePathText.clear();
+    PrincipalControl("FilePath").Change = [] { FilePathText = PrincipalControl("FilePath").Text; };
     PrincipalControl("FilePath").Leave = FilePathLeft;
     PrincipalControl("FilePath").Key = FilePathKey;
 }

@@ -4,6 +4,9 @@
 
 namespace brindlemoor {
 
+/// What stands in `FilePath`, as its change routine copied it last.
+extern std::string FilePathText;
+
 /// Shows the folder `path` in `Dir1` and its files in `File1`, and chooses the drive that it lies
 /// on in `Drive1`. Fails with 76 when there is no such folder.
 void ShowPcFolder(const std::string& path);
@@ -13,6 +16,10 @@ std::string SelectedPcFile();
 
 /// Fills `Drive1` from the platform's drives.
 void ListPcDrives();
+
+/// The pattern in a text of `DirPattern`: all that stands from the second character behind its
+/// first ":" on, empty without one.
+std::string PatternOf(const std::string& text);
 
 /// Reads the folder of `File1` anew; a selected file that is still there stays selected, without
 /// a click.

@@ -17,6 +17,8 @@
 #include "workbench/archivos.h"
 #include "workbench/directory_grid.h"
 #include "workbench/directory_totals.h"
+#include "workbench/file_drag.h"
+#include "workbench/file_popup.h"
 #include "workbench/pc_pane.h"
 #include "workbench/principal.h"
 #include "workbench/principal_design.h"
@@ -78,6 +80,8 @@ void BuildPrincipal() {
     ConnectScreen();
     ConnectDirectoryGrid();
     ConnectPcPane();
+    ConnectFilePopup();
+    ConnectFileDrag();
     BuildPrincipalViewer();
     ConnectRowClick();
     ConnectMenus();

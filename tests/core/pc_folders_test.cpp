@@ -35,6 +35,14 @@ TEST(PcPattern, AStarStandsForAnyCharactersAndAQuestionMarkForOne) {
     EXPECT_TRUE(MatchesPattern("", "*"));
 }
 
+TEST(PcPattern, OneOfSeveralPatternsIsEnough) {
+    EXPECT_TRUE(MatchesOnePattern("a.vdk", "*.DSK;*.VDK"));
+    EXPECT_TRUE(MatchesOnePattern("a.vdk", "*.DSK; *.VDK "));
+    EXPECT_FALSE(MatchesOnePattern("a.txt", "*.DSK;*.VDK"));
+    EXPECT_FALSE(MatchesOnePattern("a.txt", ""));
+    EXPECT_FALSE(MatchesOnePattern("a.txt", ";"));
+}
+
 TEST(PcPattern, CaseDoesNotMatter) {
     EXPECT_TRUE(MatchesPattern("game.dsk", "*.DSK"));
     EXPECT_TRUE(MatchesPattern("GAME.DSK", "g*.dsk"));

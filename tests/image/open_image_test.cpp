@@ -75,10 +75,12 @@ TEST_F(OpenImageTest, AClickOpensAnImageInThisOrder) {
 
 TEST_F(OpenImageTest, TheExtensionsThatAreImages) {
     for (const char* name : {"a.DSK", "a.dsk", "a.vdk", "a.OS9", "a.vhd", "a.dmk", "diskK.V"}) {
+        EXPECT_TRUE(HasImageExtension(name)) << name;
         Click(name, OneFileDisk());
         EXPECT_EQ(calls_, kOpened) << name;
     }
     for (const char* name : {"a.cas", "a.wav", "a.jvc", "a.bas", "a.dsk.old"}) {
+        EXPECT_FALSE(HasImageExtension(name)) << name;
         Click(name, OneFileDisk());
         EXPECT_EQ(calls_, kOnlyViewed) << name;
         EXPECT_EQ(Disk.DirRows, 1);

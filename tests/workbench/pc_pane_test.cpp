@@ -353,6 +353,16 @@ TEST_F(PcPaneTest, DownEnterAndTabActAsLeavingTheBox) {
     EXPECT_EQ(Files().Path, PcFolder);
 }
 
+TEST_F(PcPaneTest, EveryChangeOfTheBoxIsCopiedToTheWindowsField) {
+    EXPECT_EQ(FilePathText, "");
+    SetText(PrincipalControl("FilePath"), "typed");
+    EXPECT_EQ(FilePathText, "typed");
+    ClickListEntry(Files(), 0);
+    EXPECT_EQ(FilePathText, PcFolder + "/B.BAS");
+    SetText(PrincipalControl("FilePath"), "");
+    EXPECT_EQ(FilePathText, "");
+}
+
 TEST_F(PcPaneTest, ADoubleQuoteIsDropped) {
     PrincipalControl("FilePath").Text = Disks();
     EXPECT_TRUE(PrincipalControl("FilePath").Key('"'));

@@ -43,11 +43,12 @@ enum class MovedBy { Nothing, Mouse, Key };
 struct Motion {
     MovedBy By = MovedBy::Nothing;
     Qt::KeyboardModifiers Modifiers;  ///< at the last press or key
+    int WaitingRow = -1;              ///< pressed while selected; clicked when the button goes up
 };
 
 /// Arrow keys carry a modifier of their own on some systems; only these two keep a selection.
-bool AddsToSelection(const Motion& motion) {
-    return (motion.Modifiers & (Qt::ControlModifier | Qt::ShiftModifier)) != 0;
+bool AddsToSelection(Qt::KeyboardModifiers modifiers) {
+    return (modifiers & (Qt::ControlModifier | Qt::ShiftModifier)) != 0;
 }
 
 QListWidget* MakeList(QWidget* parent) {
@@ -73,13 +74,16 @@ std::shared_ptr<Motion> FollowUser(QListWidget* list, const std::function<void()
             if (release) rightClick();
             return true;
         }
-        if (press) *motion = {MovedBy::Mouse, mouse->modifiers()};
+        if (!press) return false;
+        motion->By = MovedBy::Mouse;
+        motion->Modifiers = mouse->modifiers();
         return false;
     });
     HookEvents(list, [motion](QEvent* event) {
         if (event->type() == QEvent::FocusIn) motion->By = MovedBy::Nothing;
         if (event->type() == QEvent::KeyPress) {
-            *motion = {MovedBy::Key, static_cast<QKeyEvent*>(event)->modifiers()};
+            motion->By = MovedBy::Key;
+            motion->Modifiers = static_cast<QKeyEvent*>(event)->modifiers();
         }
         return false;
     });
@@ -130,6 +134,24 @@ void ClickFile(QListWidget* list, const ControlRef& place, int row, bool modifie
             ClickListEntry(record, row);
         }
     });
+}
+
+/// A press on an entry that is selected already may be the begin of a drag of all that is selected:
+/// only the release of the button makes it a click.
+bool OnFilePress(QListWidget* list, const ControlRef& place, Motion& motion, QEvent* event) {
+    const bool press = event->type() == QEvent::MouseButtonPress;
+    const bool release = event->type() == QEvent::MouseButtonRelease;
+    if (!press && !release) return false;
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    const int waiting = std::exchange(motion.WaitingRow, -1);
+    if (mouse->button() != Qt::LeftButton) return false;
+    if (release) {
+        ClickFile(list, place, waiting, false);
+    } else if (!AddsToSelection(mouse->modifiers())) {
+        const QModelIndex entry = list->indexAt(mouse->position().toPoint());
+        if (list->selectionModel()->isSelected(entry)) motion.WaitingRow = entry.row();
+    }
+    return false;
 }
 
 void ShowCurrentRow(QListWidget* list, int row) {
@@ -206,17 +228,21 @@ QWidget* MakeFileList(QWidget* parent, ControlRef place) {
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     const auto motion =
         FollowUser(list, [place] { UserAction([place] { Raise(RecordOf(place).RightClick); }); });
+    HookEvents(list->viewport(), [list, place, motion](QEvent* event) {
+        return OnFilePress(list, place, *motion, event);
+    });
     QObject::connect(list, &QListWidget::itemSelectionChanged, list, [list, place] {
         if (!IsRefreshing()) RecordOf(place).ItemSelected = SelectionOf(list);
     });
-    QObject::connect(list, &QListWidget::itemPressed, list,
-                     [list, place, motion](QListWidgetItem* item) {
-                         ClickFile(list, place, list->row(item), AddsToSelection(*motion));
-                     });
+    QObject::connect(
+        list, &QListWidget::itemPressed, list, [list, place, motion](QListWidgetItem* item) {
+            if (motion->WaitingRow >= 0) return;
+            ClickFile(list, place, list->row(item), AddsToSelection(motion->Modifiers));
+        });
     // Reported for every way of going to another entry; the mouse has its own report above.
     QObject::connect(list, &QListWidget::currentRowChanged, list, [list, place, motion](int row) {
         if (motion->By != MovedBy::Key || IsRefreshing()) return;
-        ClickFile(list, place, row, AddsToSelection(*motion));
+        ClickFile(list, place, row, AddsToSelection(motion->Modifiers));
     });
     QObject::connect(list, &QListWidget::itemDoubleClicked, list,
                      [place] { UserAction([place] { Raise(RecordOf(place).DoubleClick); }); });

@@ -19,7 +19,8 @@ QWidget* MakeFolderList(QWidget* parent, ControlRef place);
 void ShowFolderList(QWidget* widget, const Control& record, const Control& shown);
 
 /// Files, several of which can be chosen with Ctrl and Shift. A press and an arrow key count as a
-/// click on the entry, also when it was chosen before.
+/// click on the entry. On an entry that was chosen before, the button's release does: what is
+/// pressed there may be dragged.
 QWidget* MakeFileList(QWidget* parent, ControlRef place);
 void ShowFileList(QWidget* widget, const Control& record, const Control& shown);
 

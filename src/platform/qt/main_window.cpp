@@ -6,6 +6,7 @@
 #include "platform/qt/event_hook.h"
 #include "platform/qt/icon.h"
 #include "platform/qt/later.h"
+#include "platform/qt/outside_drops.h"
 #include "platform/qt/shell.h"
 #include "platform/qt/text.h"
 #include "workbench/principal.h"
@@ -92,6 +93,7 @@ MainWindow MakeMainWindow() {
     made.Menus->Record = &Principal;
     const auto agreed = std::make_shared<AgreedSize>(AgreedSize{RecordSize()});
     HookWindowEvents(window, agreed);
+    TakeOutsideDrops(window);
     Shell.MainWindow = window;
     AddRefresh(window, [window, agreed, controls = made.Controls, menus = made.Menus] {
         ShowTitle(window);

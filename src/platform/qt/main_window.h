@@ -18,8 +18,9 @@ struct MainWindow {
 
 /// Makes the window of the table `Principal`, which must be built, in the size of its record; it is
 /// not shown yet. From now on `RefreshWindows` shows the records in it, a new size of the window
-/// runs `ResizePrincipal`, a new size of the record makes the window follow, and closing it runs
-/// `ClosePrincipal`, after which the event loop is left.
+/// runs `ResizePrincipal`, a new size of the record makes the window follow, files dropped on it
+/// from outside are taken as the workbench decides, and closing it runs `ClosePrincipal`, after
+/// which the event loop is left.
 MainWindow MakeMainWindow();
 
 }  // namespace brindlemoor

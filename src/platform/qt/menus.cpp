@@ -31,7 +31,9 @@ void DescribeMenu(Window& window, const std::string& name, int depth, std::strin
 
 void ShowMenuItem(QAction* action, const MenuItem& item) {
     if (action->isSeparator()) return;
-    const QString text = ToText(item.Caption).replace(QLatin1Char('&'), QLatin1String("&&"));
+    QString text = ToText(item.Caption);
+    text.replace(QLatin1Char('&'), QLatin1String("&&"));
+    text.replace(QLatin1Char('\t'), QLatin1Char(' '));  // a tab would begin the column of shortcuts
     if (action->text() != text) action->setText(text);
     if (action->isEnabled() != item.Enabled) action->setEnabled(item.Enabled);
     action->setCheckable(item.Checked);

@@ -1,5 +1,6 @@
 #include "platform/qt/window_widgets.h"
 
+#include <QAbstractItemView>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <array>
@@ -9,6 +10,7 @@
 #include "platform/qt/event_hook.h"
 #include "platform/qt/fixed_font.h"
 #include "platform/qt/key_codes.h"
+#include "platform/qt/list_drags.h"
 #include "platform/qt/list_widgets.h"
 #include "platform/qt/picture_widget.h"
 #include "platform/qt/shell.h"
@@ -122,6 +124,8 @@ ControlWidget MakeControl(const WindowWidgets& widgets, ControlRef place) {
     made.Widget->setObjectName(ToText(record.Name) + QString::number(record.Index));
     ShowFont(made.Widget, record.Font);
     HookCommonEvents(made.Widget, place);
+    const bool dragged = record.Kind == ControlKind::Grid || record.Kind == ControlKind::FileList;
+    if (dragged) FollowDrags(qobject_cast<QAbstractItemView*>(made.Widget), place);
     made.Widget->setVisible(record.Visible);
     return made;
 }

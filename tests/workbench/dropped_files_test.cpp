@@ -1,0 +1,145 @@
+#include "workbench/dropped_files.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "core/disk_state.h"
+#include "support/disk_fixture.h"
+#include "support/workbench_fixture.h"
+#include "workbench/pc_pane.h"
+#include "workbench/principal.h"
+
+namespace brindlemoor {
+namespace {
+
+namespace fs = std::filesystem;
+
+using test::WriteTestFile;
+using Texts = std::vector<std::string>;
+
+/// A started program, and beside its folder another one with images of 35 empty tracks.
+class DroppedFilesTest : public test::WorkbenchTest {
+  protected:
+    void SetUp() override {
+        WorkbenchTest::SetUp();
+        Elsewhere_ = PcFolder + "/elsewhere";
+        fs::create_directories(Elsewhere_);
+        for (const char* name : {"A.DSK", "b.vdk", "C.OS9", "NOTE.TXT", ".hidden.dsk"}) {
+            WriteTestFile(Elsewhere_, name, std::string(161280, '\0'));
+        }
+        Start();
+    }
+
+    std::string At(const std::string& name) const { return Elsewhere_ + "/" + name; }
+
+    static Control& Files() { return PrincipalControl("File1"); }
+
+    std::string Elsewhere_;
+};
+
+TEST_F(DroppedFilesTest, OneImageIsTaken) {
+    for (const char* name : {"A.DSK", "b.vdk", "C.OS9"}) {
+        EXPECT_TRUE(TakesDroppedFiles({At(name)})) << name;
+    }
+}
+
+TEST_F(DroppedFilesTest, AnythingElseIsNot) {
+    EXPECT_FALSE(TakesDroppedFiles({}));
+    EXPECT_FALSE(TakesDroppedFiles({""}));
+    EXPECT_FALSE(TakesDroppedFiles({"A.DSK"}));
+    EXPECT_FALSE(TakesDroppedFiles({At("NOTE.TXT")}));
+    EXPECT_FALSE(TakesDroppedFiles({At("A.DSK"), At("b.vdk")}));
+    EXPECT_FALSE(TakesDroppedFiles({At("GONE.DSK")}));
+    EXPECT_FALSE(TakesDroppedFiles({At(".hidden.dsk")}));
+    EXPECT_FALSE(TakesDroppedFiles({At("A.DSK") + std::string("\0.DSK", 5)}));
+    fs::create_directories(At("FOLDER.DSK"));
+    EXPECT_FALSE(TakesDroppedFiles({At("FOLDER.DSK")}));
+    EXPECT_FALSE(TakesDroppedFiles({Elsewhere_}));
+}
+
+TEST_F(DroppedFilesTest, ANameWithoutAFolderIsNotTakenThoughItIsThere) {
+    WriteTestFile(PcFolder, "HERE.DSK", "");
+    EXPECT_FALSE(TakesDroppedFiles({"HERE.DSK"}));
+}
+
+TEST_F(DroppedFilesTest, TheImageIsClickedInTheFolderThatHoldsIt) {
+    DropFilesFromOutside({At("A.DSK")});
+    EXPECT_EQ(PrincipalControl("Dir1").Path, Elsewhere_);
+    EXPECT_EQ(Files().Path, Elsewhere_);
+    EXPECT_EQ(SelectedPcFile(), "A.DSK");
+    EXPECT_EQ(Files().ItemSelected, (std::vector<bool>{true, false, false, false}));
+    EXPECT_EQ(PrincipalControl("FilePath").Text, At("A.DSK"));
+    EXPECT_EQ(PrincipalControl("PathDsk").Text, At("A.DSK"));
+    EXPECT_EQ(Disk.ImageBytes.size(), 161280U);
+    EXPECT_EQ(PrincipalControl("DirPattern").ListIndex, 5);
+}
+
+TEST_F(DroppedFilesTest, AFileThatCameSinceTheFolderWasListedIsFound) {
+    DropFilesFromOutside({At("A.DSK")});
+    WriteTestFile(Elsewhere_, "AA.DSK", std::string(161280, '\0'));
+    DropFilesFromOutside({At("AA.DSK")});
+    EXPECT_EQ(SelectedPcFile(), "AA.DSK");
+    EXPECT_EQ(PrincipalControl("PathDsk").Text, At("AA.DSK"));
+}
+
+TEST_F(DroppedFilesTest, TheOpenImageOpensAnew) {
+    DropFilesFromOutside({At("A.DSK")});
+    WriteTestFile(Elsewhere_, "A.DSK", std::string(368640, '\0'));
+    DropFilesFromOutside({At("A.DSK")});
+    EXPECT_EQ(Disk.ImageBytes.size(), 368640U);
+}
+
+TEST_F(DroppedFilesTest, APatternThatHidesTheImageGivesWayToTheFirstThatDoesNot) {
+    ClickListEntry(PrincipalControl("DirPattern"), 3);
+    DropFilesFromOutside({At("b.vdk")});
+    EXPECT_EQ(SelectedPcFile(), "b.vdk");
+    EXPECT_EQ(PrincipalControl("DirPattern").ListIndex, 0);
+    EXPECT_EQ(Files().Items, (Texts{"A.DSK", "b.vdk", "C.OS9"}));
+    EXPECT_EQ(Stored("MuestraActual"), "0");
+    WriteTestFile(Elsewhere_, "D.DMK", std::string(161280, '\0'));
+    DropFilesFromOutside({At("D.DMK")});
+    EXPECT_EQ(SelectedPcFile(), "D.DMK");
+    EXPECT_EQ(PrincipalControl("DirPattern").ListIndex, 5);
+}
+
+TEST_F(DroppedFilesTest, APatternThatShowsTheImageStays) {
+    SetText(PrincipalControl("DirPattern"), "Mine: A*.*");
+    DropFilesFromOutside({At("A.DSK")});
+    EXPECT_EQ(SelectedPcFile(), "A.DSK");
+    EXPECT_EQ(PrincipalControl("DirPattern").Text, "Mine: A*.*");
+}
+
+TEST_F(DroppedFilesTest, WithoutAPatternThatShowsTheImageAllFilesAreShown) {
+    PrincipalControl("DirPattern").Items = {"Texts: *.TXT", "nothing"};
+    ClickListEntry(PrincipalControl("DirPattern"), 0);
+    DropFilesFromOutside({At("A.DSK")});
+    EXPECT_EQ(SelectedPcFile(), "A.DSK");
+    EXPECT_EQ(Files().Items.size(), 4U);
+    EXPECT_EQ(PrincipalControl("DirPattern").Text, "*.*: *.*");
+}
+
+TEST_F(DroppedFilesTest, UnsavedChangesAreAskedForAsAtAClick) {
+    DropFilesFromOutside({At("A.DSK")});
+    Disk.ImageModified = -1;
+    script_.Messages.clear();
+    DropFilesFromOutside({At("b.vdk")});
+    ASSERT_EQ(script_.Messages.size(), 1U);
+    EXPECT_EQ(script_.Messages[0].Choice, Buttons::OkCancel);
+    EXPECT_EQ(PrincipalControl("PathDsk").Text, At("A.DSK"));
+}
+
+TEST_F(DroppedFilesTest, WhatIsNotTakenDoesNothing) {
+    DropFilesFromOutside({});
+    DropFilesFromOutside({At("NOTE.TXT")});
+    DropFilesFromOutside({At("A.DSK"), At("b.vdk")});
+    DropFilesFromOutside({Elsewhere_});
+    EXPECT_EQ(Files().Path, PcFolder);
+    EXPECT_TRUE(Disk.ImageBytes.empty());
+    EXPECT_TRUE(script_.Messages.empty());
+}
+
+}  // namespace
+}  // namespace brindlemoor
