@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -104,6 +105,11 @@ struct Control {
     /// window, for as long as the program runs.
     Picture* Surface = nullptr;
 
+    /// Pictures: pixels of the surface that lie left of and above what is shown, where the surface
+    /// is larger than the control.
+    int ViewLeft = 0;
+    int ViewTop = 0;
+
     bool Checked = false;
     bool Enabled = true;
     bool Visible = true;
@@ -151,6 +157,7 @@ struct Window {
     std::string Caption;
     int Width = 0;  ///< inner size without the menu bar, twips
     int Height = 0;
+    int MostHeight = std::numeric_limits<int>::max();  ///< to which the program can set it now
     std::vector<Control> Controls;
     std::vector<Menu> Menus;
 

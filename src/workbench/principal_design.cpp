@@ -141,6 +141,8 @@ void AddMap(Controls& controls) {
     controls.push_back(WithTip(Designed("EditBat", Button, {893, 552, 100, 24}, "Editar BAT"),
                                "Edit Bit Allocation Table"));
     controls.push_back(Wrapped(Designed("EditFAT", TextBox, {720, 580, 273, 80})));
+    controls.back().ReadOnly =
+        true;  // it lists the bytes; the editor behind the button changes them
     controls.push_back(Designed("Label12", Label, {720, 552, 0, 0}));
     controls.push_back(Designed("Drag", Hidden, {0, 0, 32, 32}));
     controls.push_back(Designed("NoDrop", Hidden, {0, 0, 32, 32}));

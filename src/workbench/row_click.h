@@ -2,8 +2,8 @@
 
 namespace brindlemoor {
 
-/// Hangs on the grid `ListDirec` what a click on one of its rows does: the row's file comes into
-/// view.
+/// Hangs on the grid `ListDirec` what choosing one of its rows does: the row becomes the current
+/// one (`Disk.DirCount`), its file comes into view, and the map shows where it lies.
 void ConnectRowClick();
 
 }  // namespace brindlemoor

@@ -15,6 +15,8 @@
 #include "workbench/pc_pane.h"
 #include "workbench/principal.h"
 #include "workbench/principal_viewer.h"
+#include "workbench/sector_view.h"
+#include "workbench/track_block.h"
 
 namespace brindlemoor {
 
@@ -104,6 +106,8 @@ void SetGridHeaders() {
 void ConnectScreen() {
     Screen = NoScreen();
     Screen.FillDirectoryGrid = FillDirectoryGrid;
+    Screen.PaintTrackBlock = PaintTrackBlock;
+    Screen.DrawSectorMap = DrawSectorMap;
     Screen.ShowSectorPlace = [](int track, int sector) {
         SetText(PrincipalControl("Track"), DecimalText(track));
         SetText(PrincipalControl("Sector"), DecimalText(sector));

@@ -26,6 +26,7 @@
 #include "workbench/principal_viewer.h"
 #include "workbench/row_click.h"
 #include "workbench/screen_entries.h"
+#include "workbench/sector_events.h"
 #include "workbench/window_layout.h"
 
 namespace brindlemoor {
@@ -83,6 +84,7 @@ void BuildPrincipal() {
     ConnectFilePopup();
     ConnectFileDrag();
     BuildPrincipalViewer();
+    ConnectSectorMap();
     ConnectRowClick();
     ConnectMenus();
     ListPcDrives();

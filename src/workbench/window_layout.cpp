@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "workbench/directory_totals.h"
+#include "workbench/map_layout.h"
 #include "workbench/principal.h"
 
 namespace brindlemoor {
@@ -50,21 +51,6 @@ void PlaceTitleLine(int width) {
     path.Width = std::max(save.Left - kGap - path.Left, 0);
 }
 
-/// The allocation bytes fill the column below the map.
-void PlaceAllocationBytes(int height) {
-    const Control& frame = PrincipalControl("Frame1");
-    Control& title = PrincipalControl("LabelFat");
-    Control& button = PrincipalControl("EditBat");
-    Control& bytes = PrincipalControl("EditFAT");
-    title.Left = frame.Left;
-    title.Top = frame.Top + frame.Height + kGap;
-    button.Left = frame.Left + frame.Width - button.Width;
-    button.Top = title.Top;
-    bytes.Left = frame.Left;
-    bytes.Top = title.Top + title.Height + kGap / 2;
-    if (height - kGap > bytes.Top) bytes.Height = height - kGap - bytes.Top;
-}
-
 }  // namespace
 
 void ResizePrincipal(int width, int height) {
@@ -76,7 +62,7 @@ void ResizePrincipal(int width, int height) {
     PlaceViewer(width, viewerWidth);
     PlaceTitleLine(width);
     PlaceDirectory(width, height);
-    PlaceAllocationBytes(height);
+    PlaceMap(height);
     LayoutTotals();
 }
 

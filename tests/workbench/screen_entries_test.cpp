@@ -34,6 +34,8 @@ class ScreenTest : public test::WorkbenchTest {
 // The disk's side
 
 TEST_F(ScreenTest, TheSectorsPlaceStandsInItsTwoFields) {
+    Disk.TrackCount = 35;
+    Disk.SectorsPerTrack = 18;
     Screen.ShowSectorPlace(17, 3);
     EXPECT_EQ(PrincipalControl("Track").Text, "17");
     EXPECT_EQ(PrincipalControl("Sector").Text, "3");

@@ -36,15 +36,15 @@ QSize OuterSize(QMainWindow* window, QSize inner) {
     return screen == nullptr ? outer : outer.boundedTo(screen->availableSize());
 }
 
-/// The record was given another size by the program: the window follows, once the records have
-/// been shown. A window that fills the screen stays as it is.
-void FollowRecordSize(QMainWindow* window, AgreedSize& agreed) {
-    if (RecordSize() == agreed.Inner) return;
-    agreed.Inner = RecordSize();
-    const QSize outer = OuterSize(window, agreed.Inner);
-    RunLater(window, 0, [window, outer] {
-        if (!window->isMaximized() && !window->isFullScreen()) window->resize(outer);
-    });
+/// How high the program can make the window now: as high as the screen, and one that fills the
+/// screen not at all.
+int MostHeight(const QMainWindow* window) {
+    const QScreen* screen = window->screen();
+    const bool fills = window->isMaximized() || window->isFullScreen();
+    if (fills || screen == nullptr) return Principal.Height;
+    const int frame = window->frameGeometry().height() - window->height();
+    const int menu = window->menuBar()->sizeHint().height();
+    return (screen->availableSize().height() - frame - menu) * kTwipsPerPixel;
 }
 
 void FollowWindowSize(QSize inner, AgreedSize& agreed) {
@@ -56,13 +56,28 @@ void FollowWindowSize(QSize inner, AgreedSize& agreed) {
     });
 }
 
+/// The record was given another size by the program: the window follows, once the records have
+/// been shown. A window that fills the screen stays as it is, and one that cannot take the size
+/// goes as far as it can; the record then follows back.
+void FollowRecordSize(QMainWindow* window, const std::shared_ptr<AgreedSize>& agreed) {
+    if (RecordSize() == agreed->Inner) return;
+    agreed->Inner = RecordSize();
+    const QSize outer = OuterSize(window, agreed->Inner);
+    RunLater(window, 0, [window, outer, agreed] {
+        if (!window->isMaximized() && !window->isFullScreen()) window->resize(outer);
+        const QSize inner = window->centralWidget()->size();
+        if (window->isVisible() && inner != RecordSize()) FollowWindowSize(inner, *agreed);
+    });
+}
+
 void HookWindowEvents(QMainWindow* window, const std::shared_ptr<AgreedSize>& agreed) {
     QWidget* area = window->centralWidget();
     HookEvents(area, [area, agreed](QEvent* event) {
         if (event->type() == QEvent::Resize) FollowWindowSize(area->size(), *agreed);
         return false;
     });
-    HookEvents(window, [](QEvent* event) {
+    HookEvents(window, [window](QEvent* event) {
+        if (event->type() == QEvent::WindowStateChange) Principal.MostHeight = MostHeight(window);
         if (event->type() != QEvent::Close) return false;
         UserAction(ClosePrincipal);
         QuitProgram(0);
@@ -99,7 +114,8 @@ MainWindow MakeMainWindow() {
         ShowTitle(window);
         ShowMenuBar(*menus);
         ShowRecords(*controls);
-        FollowRecordSize(window, *agreed);
+        FollowRecordSize(window, agreed);
+        Principal.MostHeight = MostHeight(window);
     });
     RefreshWindows();
     window->resize(OuterSize(window, agreed->Inner));

@@ -15,21 +15,27 @@ namespace {
 
 constexpr const char* kShownRevision = "shownRevision";
 
+/// The frame is a filled area and no line, so that it is as wide as it should be, and pixels are
+/// enlarged as they are: on a screen of high density too, nothing mixes or covers the surface.
 void PaintPicture(QWidget* widget, const Control& record) {
     QPainter painter(widget);
-    painter.fillRect(widget->rect(), widget->palette().color(QPalette::Base));
-    if (record.Surface != nullptr && !record.Surface->Pixels.empty()) {
-        painter.drawImage(kPictureFrame, kPictureFrame, ImageOf(*record.Surface));
-    }
-    painter.setPen(widget->palette().color(widget->hasFocus() && record.Key ? QPalette::Highlight
-                                                                            : QPalette::Mid));
-    painter.drawRect(widget->rect().adjusted(0, 0, -1, -1));
+    const QPalette& palette = widget->palette();
+    const bool marked = widget->hasFocus() && record.Key;
+    const QRect inside =
+        widget->rect().adjusted(kPictureFrame, kPictureFrame, -kPictureFrame, -kPictureFrame);
+    painter.fillRect(widget->rect(), palette.color(marked ? QPalette::Highlight : QPalette::Mid));
+    painter.fillRect(inside, palette.color(QPalette::Base));
+    if (record.Surface == nullptr || record.Surface->Pixels.empty()) return;
+    painter.setClipRect(inside);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+    painter.drawImage(inside.left() - record.ViewLeft, inside.top() - record.ViewTop,
+                      ImageOf(*record.Surface));
 }
 
-MouseAt MouseOf(const QMouseEvent& event) {
+MouseAt MouseOf(const QMouseEvent& event, const Control& record) {
     MouseAt mouse;
-    mouse.X = static_cast<int>(std::floor(event.position().x())) - kPictureFrame;
-    mouse.Y = static_cast<int>(std::floor(event.position().y())) - kPictureFrame;
+    mouse.X = static_cast<int>(std::floor(event.position().x())) - kPictureFrame + record.ViewLeft;
+    mouse.Y = static_cast<int>(std::floor(event.position().y())) - kPictureFrame + record.ViewTop;
     mouse.LeftDown = (event.buttons() & Qt::LeftButton) != 0;
     mouse.RightDown = (event.buttons() & Qt::RightButton) != 0;
     return mouse;
@@ -57,7 +63,7 @@ bool OnPictureEvent(QWidget* widget, ControlRef place, QEvent* event) {
     if (type == QEvent::Wheel) return TurnWheel(widget, place, *static_cast<QWheelEvent*>(event));
     const bool press = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
     if (!press && type != QEvent::MouseMove) return false;
-    const MouseAt mouse = MouseOf(*static_cast<QMouseEvent*>(event));
+    const MouseAt mouse = MouseOf(*static_cast<QMouseEvent*>(event), RecordOf(place));
     UserAction([place, press, &mouse] {
         const Control& record = RecordOf(place);
         const auto& routine = press ? record.MouseDown : record.MouseMove;

@@ -99,6 +99,7 @@ QWidget* MakeLabel(QWidget* parent, ControlRef place) {
 
 void ShowLabel(QWidget* widget, const Control& record, const Control& /*shown*/) {
     auto* label = static_cast<QLabel*>(widget);
+    if (label->wordWrap() != record.WordWrap) label->setWordWrap(record.WordWrap);
     const QString text = ToLines(record.Text);
     if (label->text() != text) label->setText(text);
 }
