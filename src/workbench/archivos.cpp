@@ -71,7 +71,9 @@ void ZoomChanged() {
 }
 
 void ConnectArchivos() {
+    const unsigned revision = ArchivosViewer.Surface.Revision;
     ArchivosViewer = Viewer();
+    ArchivosViewer.Surface.Revision = revision;  // what stands on the screen is known by it
     ArchivosViewer.Owner = &Archivos;
     ArchivosViewer.FileBytes = &ArchivosBytes;
     ArchivosViewer.KnowsDragonTokens = false;

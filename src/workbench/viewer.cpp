@@ -90,21 +90,27 @@ void FollowBasicKind(Viewer& viewer) {
     SetListIndex(view, tokens ? kBasicAsTokens : kBasicAsText);
 }
 
-void ConvertForView(Viewer& viewer) {
+/// True when BASIC is kept in the other form than `VerAsc` asks for.
+bool NeedsConversion(Viewer& viewer) {
+    if (viewer.ViewerMode != kViewBasic) return false;
     const int first = FirstByte(viewer);
     const bool tokens =
         first == kCocoTokens || (first == kDragonTokens && viewer.KnowsDragonTokens);
-    const int view = ViewerControl(viewer, "VerAsc").ListIndex;
-    if (tokens == (view == kBasicAsTokens)) return;
-    viewer.ViewerText =
-        ConvertedOrNothing([&viewer] { return BasicConvert(viewer.ViewerText, false); });
+    return tokens != (ViewerControl(viewer, "VerAsc").ListIndex == kBasicAsTokens);
 }
 
+/// A conversion may bring up messages, behind which the window may be given another size and the
+/// view be drawn: until it is done, there is nothing to draw.
 void TakeFile(Viewer& viewer) {
+    viewer.ViewerLines = {};
+    viewer.ViewerText = {};
+    std::string text = *viewer.FileBytes;
+    if (NeedsConversion(viewer)) {
+        text = ConvertedOrNothing([&text] { return BasicConvert(text, false); });
+    }
     viewer.ViewerLines = {};  // its lines are parts of the text
-    viewer.ViewerText = *viewer.FileBytes;
+    viewer.ViewerText = std::move(text);
     viewer.ShowsMaxPicture = false;
-    if (viewer.ViewerMode == kViewBasic) ConvertForView(viewer);
 }
 
 /// The size of a cell by the percents in `Zoom`.

@@ -109,5 +109,12 @@ TEST_F(ArchivosTest, KeepsItsSizeForTheNextFile) {
     EXPECT_EQ(Archivos.Height, 700 * kTwipsPerPixel);
 }
 
+TEST_F(ArchivosTest, TheNextFilesPictureIsANewerOneThanTheLast) {
+    ShowArchivos("x", "A", kViewData);
+    const unsigned before = ArchivosViewer.Surface.Revision;
+    ShowArchivos("y", "B", kViewData);
+    EXPECT_GT(ArchivosViewer.Surface.Revision, before);
+}
+
 }  // namespace
 }  // namespace brindlemoor::test

@@ -154,6 +154,39 @@ TEST_F(ViewerTest, AConversionThatFailsLeavesNothingToShowAndTheProgramGoesOn) {
     EXPECT_EQ(Rows().Maximum, 0);
 }
 
+class ResizedWhileAMessageStandsTest : public ViewerTest {
+  protected:
+    /// A program with a byte that is no token: a message comes up while it is converted. Behind
+    /// it, the window gets another size.
+    void ViewWithMessage() {
+        const auto answer = Platform.ShowMessage;
+        Platform.ShowMessage = [this, answer](const std::string& text, const std::string& title,
+                                              Buttons buttons, MessageIcon icon) {
+            SetSize(PrincipalControl("Archivo"), 100 * kTwipsPerPixel, 38 * kTwipsPerPixel);
+            answer(text, title, buttons, icon);
+            Lines();
+            return Answer::Ok;
+        };
+        View(program_, kViewBasic);
+        ASSERT_EQ(script_.Messages.size(), 1u);
+    }
+
+    const std::string program_ =
+        Bytes({255, 0, 49, 0x26, 0x40, 0, 10, 0x9E, 0xFA}) + std::string(40, 'A') + "\0\0\0"s;
+};
+
+TEST_F(ResizedWhileAMessageStandsTest, TheConvertedTextIsWhatIsCutIntoLines) {
+    ViewWithMessage();
+    EXPECT_EQ(PrincipalViewer.ViewerText.substr(0, 11), "\r10 CLSCLSA");
+    EXPECT_EQ(Lines(), (Texts{"", "10 CLSCLSAAAA", ""}));
+}
+
+TEST_F(ResizedWhileAMessageStandsTest, ACocoMaxPictureIsStillTheFilesOwnBytes) {
+    Choose("OpciónChar"_w, kCocoMaxPicture);
+    ViewWithMessage();
+    EXPECT_EQ(PrincipalViewer.ViewerText, program_.substr(kCocoMaxHead));
+}
+
 TEST_F(ViewerTest, CallsWithoutATypeUseTheOneBefore) {
     View("ONE\rTWO", kViewData);
     Disk.PcFileBytes = "A\rB";

@@ -98,7 +98,8 @@ void DrawFixedText(QPainter& painter, const QRect& place, const QString& text, b
 
 void DrawByteCells(QPainter& painter, const QRectF& place, const std::string& bytes,
                    double cellWidth) {
-    constexpr double kLettersInCell = 1;
+    // 8.25 points at 96 dots an inch are 11 pixels, in a cell of 12.
+    constexpr double kLettersInCell = 11.0 / 12;
     const auto letters = static_cast<int>(std::lround(place.height() * kLettersInCell));
     const CellFont& font = CellFontOf(std::max(letters, 1));
     QList<quint32> glyphs;

@@ -21,8 +21,8 @@ void DrawFixedText(QPainter& painter, const QRect& place, const QString& text, b
                    bool rightAligned);
 
 /// Draws bytes of Windows-1252 with the painter's pen in cells of any size, one byte a cell, from
-/// the left edge of `place`, whose height is that of a cell: the letters are as high as the cell.
-/// Bytes without a character leave their cell blank.
+/// the left edge of `place`, whose height is that of a cell: the font is of 8.25 points, 11 pixels,
+/// in a cell 12 pixels high, and grows with it. Bytes without a character leave their cell blank.
 void DrawByteCells(QPainter& painter, const QRectF& place, const std::string& bytes,
                    double cellWidth);
 

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QFontMetricsF>
+
 #include "core/byte_helpers.h"
+#include "platform/qt/fixed_font.h"
 
 namespace brindlemoor::test {
 namespace {
@@ -42,6 +45,16 @@ TEST(PictureTextTest, EachByteHasItsCell) {
     }
     EXPECT_FALSE(HasInk(picture, {34, 0, 14, 16}));
     EXPECT_FALSE(HasInk(picture, {0, 0, 48, 1}));
+}
+
+TEST(PictureTextTest, TheFontIsElevenTwelfthsOfACellHigh) {
+    Picture picture = White(160, 240);
+    DrawPictureText(picture, {"H", 0, 0, 160, 240, 0});
+    int rows = 0;
+    for (int y = 0; y < 240; ++y) rows += HasInk(picture, {0, y, 160, 1}) ? 1 : 0;
+    QFont font = FixedFont();
+    font.setPixelSize(220);
+    EXPECT_NEAR(rows, QFontMetricsF(font).tightBoundingRect(QStringLiteral("H")).height(), 2);
 }
 
 TEST(PictureTextTest, BlanksAndControlBytesLeaveTheirCellsBlank) {
