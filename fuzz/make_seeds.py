@@ -125,8 +125,35 @@ def basic_seeds():
     save("text_to_basic_fuzzer", "blanks-at-the-end", b"10 A\r20   ")
 
 
+def write_seeds():
+    """Lists of operations for write_disk_fuzzer, which tells their arguments."""
+    def write(name, size, overwrite=0, fill=b"x"):
+        return bytes([0, len(name)]) + name + bytes([overwrite]) + struct.pack("<H", size) + fill
+
+    def row(index, chain, flags=0, link=0, level=0, attributes=0):
+        return bytes([8, index, flags, link, 40, 0, 9, level, attributes, len(chain)]) + chain
+
+    delete, commit, read = (lambda index: bytes([2, index, 0])), b"\4", b"\5"
+    files = write(b"A.BIN", 100) + write(b"B.BAS", 2000, fill=b"\xff") + write(b"C", 1)
+    for family, name in enumerate(["decb", "dragon", "os9", "flex"]):
+        start = bytes([family])
+        save("write_disk_fuzzer", name, start + files + delete(1) + write(b"D.TXT", 900) + commit + read)
+        save("write_disk_fuzzer", name + "-cut", start + files + b"\7\x40\x5a" + write(b"E", 5)
+             + commit + read)
+        save("write_disk_fuzzer", name + "-overwritten", start + files + commit + read
+             + write(b"A.BIN", 3000, 1) + b"\3\2\0\1" + commit + read)
+    save("write_disk_fuzzer", "decb-full", b"\0" + write(b"ALL.BIN", 52223) + write(b"B", 1))
+    save("write_disk_fuzzer", "decb-chain", b"\0" + files + row(0, b"\x20\x44\xff") + delete(0) + commit)
+    save("write_disk_fuzzer", "dragon-no-exit", b"\1\6\0\x5a\xb4" + bytes(180) + write(b"A", 1))
+    save("write_disk_fuzzer", "dragon-links", b"\1" + files + row(1, b"\1\x90\1" * 13, 33, 2) + commit
+         + delete(1) + commit)
+    save("write_disk_fuzzer", "os9-tree", b"\2" + row(4, b"\0\0\x50\0\2", 0, 0, 1, 0xBF) + b"\x09\1\2\0")
+    save("write_disk_fuzzer", "os9-large", b"\2\6\0\0\3\x20\0\0" + read + commit)
+
+
 def main():
     basic_seeds()
+    write_seeds()
     for path in sorted(DATA.glob("decb*/*.dsk")):
         image = path.read_bytes()
         if len(image) % SECTOR == 0:

@@ -14,6 +14,7 @@ ScreenTable NoScreen() {
     table.KeepSectorView = [] { return [] {}; };
     table.ShowModified = [] {};
     table.GiveUpColumnSort = [] {};
+    table.SelectedRows = [] { return std::vector<int>(); };
     table.EditFat = [] {};
     table.PcListFolder = [] { return std::string(); };
     table.PcListName = [] { return std::string(); };

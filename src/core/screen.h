@@ -20,6 +20,7 @@ struct ScreenTable {
     std::function<std::function<void()>()> KeepSectorView;
     std::function<void()> ShowModified;  ///< colours and enables by `Disk.ImageModified`
     std::function<void()> GiveUpColumnSort;
+    std::function<std::vector<int>()> SelectedRows;  ///< rows of `DirTable`, in the grid's order
     std::function<void()> EditFat;  ///< offers the FAT editor, and looks at the image behind it
 
     // The files of the PC

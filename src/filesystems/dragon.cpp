@@ -17,8 +17,6 @@ namespace {
 
 constexpr int kMostSectorsPerTrack = 36;
 constexpr int kMostContinuations = 180;
-constexpr int kDirectorySectorBytes = 250;  // ten entries; the rest of the sector is not read
-constexpr int kExtentBytes = 3;
 
 void WarnOfGeometry(int messageNumber) {
     ShowDiskMessage(MessageText(32) + "\r\n" + MessageText(messageNumber));
@@ -42,7 +40,7 @@ void ReadGeometry() {
 std::string ReadDirectorySectors() {
     std::string directory;
     for (int sector = 0; sector < kDragonDirectorySectors; ++sector) {
-        directory += SectorBytes(kDragonDirectorySector + sector, kDirectorySectorBytes);
+        directory += SectorBytes(kDragonDirectorySector + sector, kDragonDirectorySectorBytes);
     }
     return directory;
 }
@@ -117,8 +115,9 @@ ExtentList FollowEntries(const std::string& directory) {
 /// Gathers the bytes of the file's extents, and marks their sectors as used.
 void GatherExtents(const std::string& extents, DirEntry& row) {
     row.Content.clear();
-    for (std::int64_t place = 0; place + kExtentBytes <= static_cast<std::int64_t>(extents.size());
-         place += kExtentBytes) {
+    for (std::int64_t place = 0;
+         place + kDragonExtentBytes <= static_cast<std::int64_t>(extents.size());
+         place += kDragonExtentBytes) {
         const int count = ByteAt(extents, place + 2);
         if (count == 0) return;
         const int sector = BigEndian(CutBytes(extents, place, 2));
@@ -127,7 +126,7 @@ void GatherExtents(const std::string& extents, DirEntry& row) {
         if (sector < 0 || sector >= kDragonSectorLimit) continue;
         GatherBytes(row.Content, static_cast<std::int64_t>(sector) * kSectorSize,
                     static_cast<std::int64_t>(count) * kSectorSize);
-        row.Chain += CutBytes(extents, place, kExtentBytes);
+        row.Chain += CutBytes(extents, place, kDragonExtentBytes);
     }
 }
 

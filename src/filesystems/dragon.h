@@ -28,6 +28,7 @@ namespace brindlemoor {
 
 inline constexpr int kDragonEntries = 160;
 inline constexpr int kDragonEntryBytes = 25;
+inline constexpr int kDragonExtentBytes = 3;
 
 /// Sectors that a directory row counts as one granule, as on a CoCo disk.
 inline constexpr int kDragonGranuleSectors = 9;
@@ -36,6 +37,13 @@ inline constexpr int kDragonBitmapBytes = 360;
 inline constexpr int kDragonGeometrySector = 360;
 inline constexpr int kDragonDirectorySector = 362;
 inline constexpr int kDragonDirectorySectors = 16;
+
+/// Ten entries; the last six bytes of a directory sector are not used.
+inline constexpr int kDragonDirectorySectorBytes = 250;
+
+/// The flag byte of an entry that was never used.
+inline constexpr int kDragonUnusedEntry = 137;
+
 inline constexpr int kDragonDirectoryTrack = 20;
 inline constexpr int kDragonCopyTrack = 16;
 

@@ -74,6 +74,23 @@ void ReadDragonBitmap() {
     }
 }
 
+void PutDragonBitmap(std::int64_t firstSector) {
+    PutImageBytes(firstSector * kSectorSize, CutBytes(Disk.FatBytes, 0, kBitmapSectorBytes));
+    PutImageBytes((firstSector + 1) * kSectorSize,
+                  CutBytes(Disk.FatBytes, kBitmapSectorBytes, kBitmapSectorBytes));
+}
+
+void SyncDragonBitmap(bool write) {
+    if (Disk.DiskFamily != kDragon) return;
+    if (!write) {
+        Disk.FatBytes = BitmapOfTrack(kDragonDirectoryTrack);
+        return;
+    }
+    for (const int track : {kDragonDirectoryTrack, kDragonCopyTrack}) {
+        PutDragonBitmap(static_cast<std::int64_t>(Disk.SectorsPerTrack) * track);
+    }
+}
+
 void CompareDragonBitmap() {
     if (Disk.FatComputed == Disk.FatBytes) return;
     const Answer answer = Platform.ShowMessage(

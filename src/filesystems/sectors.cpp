@@ -34,6 +34,13 @@ void GatherBytes(std::string& content, std::int64_t offset, std::int64_t length)
                    static_cast<std::size_t>(there));
 }
 
+void PutImageBytes(std::int64_t offset, std::string_view bytes) {
+    const auto size = static_cast<std::int64_t>(Disk.ImageBytes.size());
+    if (offset < 0 || offset >= size) return;
+    const auto there = bytes.substr(0, static_cast<std::size_t>(size - offset));
+    std::copy(there.begin(), there.end(), Disk.ImageBytes.begin() + offset);
+}
+
 void ShowDiskMessage(const std::string& text) {
     Platform.ShowMessage(text, Disk.AppTitle, Buttons::Ok, MessageIcon::Exclamation);
 }

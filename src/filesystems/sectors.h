@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "core/disk_state.h"
 
@@ -22,6 +23,10 @@ void ResetGatheredBytes();
 /// the image ends before them. Fails with 7 when the files of the disk grow past
 /// `kMostGatheredBytes`, and with 5 on a negative offset or length.
 void GatherBytes(std::string& content, std::int64_t offset, std::int64_t length);
+
+/// Writes `bytes` over the open image from the 0-based `offset` on. The image keeps its length:
+/// what would lie behind its end is dropped, and so is everything for an offset before its start.
+void PutImageBytes(std::int64_t offset, std::string_view bytes);
 
 /// Shows a message of the disk check with its OK button.
 void ShowDiskMessage(const std::string& text);

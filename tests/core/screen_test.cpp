@@ -10,6 +10,7 @@ TEST(NoScreen, AnswersWithEmptyTexts) {
     EXPECT_EQ(screen.PcListFolder(), "");
     EXPECT_EQ(screen.PcListName(), "");
     EXPECT_EQ(screen.PathDskText(), "");
+    EXPECT_TRUE(screen.SelectedRows().empty());
 }
 
 TEST(NoScreen, HasARoutineForEveryEntry) {

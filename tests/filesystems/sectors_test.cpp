@@ -80,5 +80,20 @@ TEST_F(SectorsTest, AMessageHasTheProgramsTitleAndOneButton) {
     EXPECT_EQ(script_.Messages[0].Choice, Buttons::Ok);
 }
 
+TEST_F(SectorsTest, BytesArePutWhereTheyLieInTheImage) {
+    Disk.ImageBytes = "0123456789";
+    PutImageBytes(2, "ab");
+    EXPECT_EQ(Disk.ImageBytes, "01ab456789");
+    PutImageBytes(8, "cdef");
+    EXPECT_EQ(Disk.ImageBytes, "01ab4567cd");
+    PutImageBytes(0, "0123456789 and more");
+    EXPECT_EQ(Disk.ImageBytes, "0123456789");
+    for (const std::int64_t outside : {std::int64_t{-1}, std::int64_t{10}, INT64_MAX, INT64_MIN}) {
+        PutImageBytes(outside, "xy");
+    }
+    PutImageBytes(3, "");
+    EXPECT_EQ(Disk.ImageBytes, "0123456789");
+}
+
 }  // namespace
 }  // namespace brindlemoor::test
