@@ -10,6 +10,9 @@ namespace brindlemoor {
 inline constexpr std::int16_t kPcSide = 0;
 inline constexpr std::int16_t kDiskSide = 100;
 
+/// The item of `PopMenu` that shows files in the window `Archivos`.
+inline constexpr int kViewCommand = 0;
+
 /// Items of `PopMenu` that are also reached by a drop and by the Delete key.
 inline constexpr int kSaveCommand = 6;
 inline constexpr int kDeleteCommand = 7;
@@ -20,7 +23,9 @@ inline constexpr int kFirstConversion = 20;
 /// The list whose selection the next file command works on.
 extern std::int16_t PopupSide;
 
-/// The file commands. No command exists yet: whatever the index, nothing happens.
+/// The file commands, on the selection of the list of `PopupSide`. Only `kViewCommand` exists: each
+/// file selected becomes `Disk.PcFileBytes` and comes into the window `Archivos`, which shows the
+/// last of them. Any other index does nothing.
 void FileCommand(int index);
 
 /// Runs the file command `index` (the place in `PopMenu`, or `kFirstConversion` and the place in

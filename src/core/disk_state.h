@@ -68,6 +68,9 @@ struct DiskState {
     std::string ImageOnOpen;  ///< the file as last loaded or saved, header included
     std::string ImageFolder;  ///< folder of the image file
     std::string DiskName;     ///< name for the title line
+    std::string PartPath;     ///< hard disk image that the disk is a part of
+    std::int64_t PartOffset = 0;     ///< where the part begins there, 0-based, bytes
+    std::int64_t PartLength = 0;     ///< bytes of the part; 0: the disk has a file of its own
     std::int16_t ImageModified = 0;  ///< -1 when the image differs from `ImageOnOpen`, else 0
 
     // Geometry

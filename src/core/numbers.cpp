@@ -250,6 +250,11 @@ double LeadingNumber(const std::string& text) {
     return negative ? -value : value;
 }
 
+double TypedNumber(const std::string& text) {
+    constexpr std::size_t kCharactersRead = 30;
+    return LeadingNumber(text.substr(0, kCharactersRead));
+}
+
 double TextAsNumber(const std::string& text) {
     std::string_view number = WithoutBlanks(text);
     const bool negative = !number.empty() && number.front() == '-';

@@ -9,6 +9,10 @@ namespace brindlemoor {
 /// first character that does not fit. 0 when there is none.
 double LeadingNumber(const std::string& text);
 
+/// The same for what a person typed, where it must not fail: of an endless row of digits the first
+/// thirty count.
+double TypedNumber(const std::string& text);
+
 /// `text` as a number; the whole text must be one (blanks at its ends are allowed), or it fails
 /// with 13.
 double TextAsNumber(const std::string& text);

@@ -25,6 +25,7 @@ PlatformTable SilentPlatform() {
     table.AskText = [](const std::string&, const std::string&, const std::string&) {
         return std::string();
     };
+    table.FileDialog = [](FileQuestion&) { return std::string(); };
     table.ShowModal = [](const std::string&) {};
     table.ShowWindow = [](const std::string&) {};
     table.PopupMenu = [](const std::string&) {};

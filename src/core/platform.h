@@ -19,6 +19,21 @@ struct DriveEntry {
     std::string Label;
 };
 
+/// Bit of `FileQuestion::Flags`: the dialog asks before a file is overwritten.
+inline constexpr int kAskBeforeOverwriting = 2;
+
+/// What a file dialog is to ask for.
+struct FileQuestion {
+    bool Save = false;   ///< else a file to open, which must exist
+    std::string Folder;  ///< where it starts
+    std::string Name;    ///< what stands in its name field
+    std::string DefaultExt;
+    std::string Title;
+    std::string Filter;   ///< description, "|", patterns separated by ";", "|", description ...
+    int FilterIndex = 1;  ///< from 1; becomes the one that was chosen
+    int Flags = 0;
+};
+
 /// What the program asks of its surroundings. Every entry stands ready with an answer that harms
 /// nothing (the first button that declines, an empty text), so that the logic runs without a
 /// window; the window shell and the test script put their own in.
@@ -33,6 +48,10 @@ struct PlatformTable {
     std::function<std::string(const std::string& prompt, const std::string& title,
                               const std::string& suggestion)>
         AskText;
+
+    /// Shows the system's file dialog and returns the whole path chosen; empty when the user gave
+    /// up.
+    std::function<std::string(FileQuestion& question)> FileDialog;
 
     /// Shows the window of that name, and returns when it was closed.
     std::function<void(const std::string& window)> ShowModal;

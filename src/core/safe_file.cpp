@@ -3,13 +3,10 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
-#include <utility>
-
-#if __has_include(<unistd.h>)
-#include <unistd.h>
-#endif
+#include <string>
 
 #include "core/file_handle.h"
+#include "core/file_operations.h"
 
 namespace brindlemoor {
 
@@ -54,27 +51,22 @@ std::error_code ObjectionToReplacing(const fs::file_status& old) {
 
 /// Makes a file of a name that nobody bears in the folder of `path`; the name is short, so that
 /// it fits wherever the file's own name does. `name` is where it came to be.
-File OpenNewFileBeside(const fs::path& path, fs::path& name) {
+std::FILE* OpenNewFileBeside(const fs::path& path, fs::path& name) {
     for (int number = 0; number < kMostNamesTried; ++number) {
         name = path.parent_path() / ("~save" + std::to_string(number) + ".tmp");
         errno = 0;
-        File file(std::fopen(name.string().c_str(), "wbx"));
-        if (file || errno != EEXIST) return file;
+        std::FILE* file = FileOperations.OpenNew(name.string());
+        if (file != nullptr || errno != EEXIST) return file;
     }
     return nullptr;
 }
 
 /// Writes and closes the file. False with `errno` set where something failed.
-bool WriteAndClose(File file, const std::string& bytes, Flush flush) {
-    bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
-    written = written && std::fflush(file.get()) == 0;
-#if __has_include(<unistd.h>)
-    if (flush == Flush::ToDisk) written = written && fsync(fileno(file.get())) == 0;
-#else
-    static_cast<void>(flush);
-#endif
+bool WriteAndClose(std::FILE* file, const std::string& bytes, Flush flush) {
+    bool written = FileOperations.Write(file, bytes);
+    if (flush == Flush::ToDisk) written = written && FileOperations.FlushToDisk(file);
     const int reason = errno;
-    const bool closed = std::fclose(file.release()) == 0;
+    const bool closed = FileOperations.Close(file);
     if (!written) errno = reason;
     return written && closed;
 }
@@ -88,17 +80,21 @@ std::error_code ReplaceFile(const std::string& path, const std::string& bytes, F
     const fs::file_status old = fs::status(target, error);
     if (const std::error_code objection = ObjectionToReplacing(old)) return objection;
     fs::path name;
-    File file = OpenNewFileBeside(target, name);
-    if (!file) return LastFileError();
+    std::FILE* file = OpenNewFileBeside(target, name);
+    if (file == nullptr) return LastFileError();
     // Before the bytes are in it: nobody may read a private file meanwhile.
-    if (fs::is_regular_file(old)) fs::permissions(name, old.permissions(), error);
     error.clear();
+    if (fs::is_regular_file(old)) {
+        error = FileOperations.SetPermissions(name.string(), old.permissions());
+    }
     errno = 0;
-    if (!WriteAndClose(std::move(file), bytes, flush)) error = LastFileError();
-    if (!error) fs::rename(name, target, error);
+    const bool written = WriteAndClose(file, bytes, flush);
+    if (!error && !written) error = LastFileError();
+    if (!error) error = FileOperations.Rename(name.string(), target.string());
     if (error) {
-        std::error_code ignored;
-        fs::remove(name, ignored);
+        FileOperations.Remove(name.string());
+    } else if (flush == Flush::ToDisk) {
+        FileOperations.FlushFolder(target.parent_path().string());
     }
     return error;
 }

@@ -18,10 +18,12 @@ ScreenTable NoScreen() {
     table.EditFat = [] {};
     table.PcListFolder = [] { return std::string(); };
     table.PcListName = [] { return std::string(); };
+    table.PcSelectedNames = [] { return std::vector<std::string>(); };
     table.SetFilePath = [](Text) {};
     table.PathDskText = [] { return std::string(); };
     table.SetPathDsk = [](Text) {};
     table.ViewFile = [](int, int) {};
+    table.ShowDetached = [](Text, Text, int) {};
     table.SetCaptionAndTag = [](Text, Text) {};
     table.SetListItems = [](Text, Texts) {};
     table.SetMenuItems = [](Text, Texts) {};

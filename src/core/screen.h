@@ -26,10 +26,14 @@ struct ScreenTable {
     // The files of the PC
     std::function<std::string()> PcListFolder;  ///< folder of `File1`
     std::function<std::string()> PcListName;    ///< name selected in `File1`, or empty
+    std::function<std::vector<std::string>()> PcSelectedNames;  ///< selected in `File1`, in order
     std::function<void(const std::string& path)> SetFilePath;
     std::function<std::string()> PathDskText;
     std::function<void(const std::string& path)> SetPathDsk;
     std::function<void(int newFile, int mode)> ViewFile;  ///< -1: `Disk.PcFileBytes` is new
+    /// Shows a file of that type in the window `Archivos`, under `caption`.
+    std::function<void(const std::string& caption, const std::string& bytes, int mode)>
+        ShowDetached;
 
     // Settings and languages. A control or menu that the window lacks fails with 730.
     std::function<void(const std::string& name, const std::string& text)> SetCaptionAndTag;

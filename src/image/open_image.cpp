@@ -78,6 +78,9 @@ void ShowNewDisk(const std::string& folder, const std::string& name, const std::
     Disk.ImageBytes = Disk.PcFileBytes;
     Disk.ImageOnOpen = Disk.PcFileBytes;
     Disk.ImageFolder = folder;
+    Disk.PartPath = path;
+    Disk.PartOffset = LastPartRead.Offset;
+    Disk.PartLength = LastPartRead.Length;
     Disk.DiskName = name;
     Screen.SetPathDsk(path);
     Screen.GiveUpColumnSort();

@@ -16,20 +16,14 @@
 namespace brindlemoor {
 
 std::string VhdReply;
+FilePart LastPartRead;
 
 namespace {
 
 namespace fs = std::filesystem;
 
-/// The part of a file that is read, in bytes.
-struct FilePart {
-    long long Offset = 0;
-    long long Length = 0;
-};
-
 bool ShowSystemError(const std::error_code& error) {
-    Platform.ShowMessage("Error!!! " + DecimalText(error.value()) + " " + error.message(),
-                         Disk.AppTitle, Buttons::Ok, MessageIcon::Critical);
+    ShowFileError(error);
     return false;
 }
 
@@ -41,22 +35,13 @@ void ReplaceForbiddenCharacters(std::string& path) {
     }
 }
 
-/// The leading number of an answer; one that is too large for a number is no drive either.
-double DriveNumber(const std::string& answer) {
-    try {
-        return LeadingNumber(answer);
-    } catch (const RuntimeFailure&) {
-        return -1;
-    }
-}
-
 /// Asks for the virtual drive until the answer's leading number is one, and returns its part.
 FilePart AskHardDiskPart() {
     double drive = 0;
     do {
         VhdReply = Platform.AskText("Seleccione la unidad: DECB 0-255 o [ENTER] para OS9/NITROS9",
                                     Disk.AppTitle, VhdReply);
-        drive = DriveNumber(VhdReply);
+        drive = TypedNumber(VhdReply);
     } while (drive < 0 || drive > 255);
     if (VhdReply.empty()) return {0, kHardDiskOs9Bytes};
     return {kHardDiskLimit + static_cast<long long>(drive) * kVirtualDriveBytes,
@@ -78,7 +63,8 @@ bool ReadPcFile(const std::string& path, std::string& data) {
     const auto size = fs::file_size(path, error);
     if (error) return ShowSystemError(error);
     FilePart part{0, static_cast<long long>(size)};
-    if (part.Length > kHardDiskLimit) part = AskHardDiskPart();
+    LastPartRead = {};
+    if (part.Length > kHardDiskLimit) part = LastPartRead = AskHardDiskPart();
     errno = 0;
     return ReadPart(file.get(), part, data) || ShowSystemError(LastFileError());
 }
@@ -111,6 +97,11 @@ bool AskBeforeWriting(std::string& path, int options) {
 }
 
 }  // namespace
+
+void ShowFileError(const std::error_code& error) {
+    Platform.ShowMessage("Error!!! " + DecimalText(error.value()) + " " + error.message(),
+                         Disk.AppTitle, Buttons::Ok, MessageIcon::Critical);
+}
 
 bool LoadPcFile(const std::string& mode, std::string& path, std::string& data, int options) {
     ReplaceForbiddenCharacters(path);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <system_error>
 
 namespace brindlemoor {
 
@@ -21,14 +22,24 @@ inline constexpr int kSkipOverwriteQuestion = 2;
 /// The last answer to the question for a virtual drive; empty stands for the OS-9 part.
 extern std::string VhdReply;
 
+/// The part of a file that the last reading took; `Length` 0 stands for the whole file.
+struct FilePart {
+    long long Offset = 0;  ///< 0-based, bytes
+    long long Length = 0;  ///< bytes
+};
+extern FilePart LastPartRead;
+
+/// Shows "Error!!! ", the error's number and the system's text, as every failure of a file does.
+void ShowFileError(const std::error_code& error);
+
 /// Reads (`mode` "A") the PC file at `path` into `data`, or writes (`mode` "G") `data` to it.
 ///
 /// In `path`, "<" and ">" become "-" and "*" becomes "A"; it comes back empty when the user gave
 /// up. Reading a file above `kHardDiskLimit` asks for the drive, stores the answer in `VhdReply`
-/// and reads that part only. Writing asks before it overwrites, or creates, a file, unless
-/// `options` has `kSkipOverwriteQuestion`, or `kSkipCreateQuestion`; the bytes go to a new file in
-/// the same folder that takes the old one's place at the end, so that a failure leaves the old
-/// file as it was.
+/// and reads that part only; `LastPartRead` tells which. Writing asks before it overwrites, or
+/// creates, a file, unless `options` has `kSkipOverwriteQuestion`, or `kSkipCreateQuestion`; the
+/// bytes go to a new file in the same folder that takes the old one's place at the end, so that a
+/// failure leaves the old file as it was.
 ///
 /// A failure shows "Error!!! ", its number and the system's text. Returns true when the bytes were
 /// read or written; otherwise `data` holds what was read until then.

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "core/byte_helpers.h"
+#include "core/numbers.h"
 #include "core/platform.h"
 #include "workbench/control_design.h"
 #include "workbench/principal.h"

@@ -110,6 +110,15 @@ void SetChecked(Control& control, bool checked) {
     Raise(control.Click);
 }
 
+void ChooseOption(Window& window, std::string_view name, int index) {
+    Control& chosen = ControlOf(window, name, index);
+    if (chosen.Checked) return;
+    for (Control& control : window.Controls) {
+        if (SameName(control.Name, name)) control.Checked = control.Index == index;
+    }
+    Raise(chosen.Click);
+}
+
 void SetSize(Control& control, int width, int height) {
     if (control.Width == width && control.Height == height) return;
     control.Width = width;

@@ -23,6 +23,7 @@ enum class ControlKind {
     ComboBox,
     CheckBox,
     Button,
+    OptionButton,  ///< one of an array, of which one is chosen
     Frame,
     HorizontalBar,
     VerticalBar,
@@ -110,6 +111,7 @@ struct Control {
     int ViewLeft = 0;
     int ViewTop = 0;
 
+    bool Default = false;  ///< button that the Enter key presses
     bool Checked = false;
     bool Enabled = true;
     bool Visible = true;
@@ -161,8 +163,11 @@ struct Window {
     std::vector<Control> Controls;
     std::vector<Menu> Menus;
 
+    /// A window of its own buttons is on the screen; a routine that clears it closes the window.
+    bool Open = false;
+
     std::function<void(int width, int height)> Resize;  ///< the user gave it an inner size, twips
-    std::function<void()> Close;                        ///< it is gone from the screen
+    std::function<void()> Close;  ///< the user closed it, by other means than its buttons
 };
 
 /// The control, or the menu, of that name, case aside. Fails with 730 when there is none.
@@ -196,6 +201,10 @@ void SetValue(Control& control, int value);
 
 /// Stores the check of a check box; runs `Click` when it differs.
 void SetChecked(Control& control, bool checked);
+
+/// Chooses one of an array of option buttons: the others are no longer checked, and `Click` runs
+/// when it was not chosen before.
+void ChooseOption(Window& window, std::string_view name, int index);
 
 /// Pixels of a picture's surface along a side of `twips` of its control.
 inline int SurfacePixels(int twips) {

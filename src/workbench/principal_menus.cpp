@@ -14,11 +14,6 @@ namespace brindlemoor {
 
 namespace {
 
-void FilesMenuClicked(int index) {
-    constexpr int kExit = 8;
-    if (index == kExit) Platform.CloseMainWindow();
-}
-
 /// Item 0 leads to the menu of the languages. The two windows that edit the open image show
 /// afterwards whether it differs from its file.
 void OptionsMenuClicked(int index) {
@@ -55,7 +50,6 @@ void LanguageMenuClicked(int index) {
 }  // namespace
 
 void ConnectMenus() {
-    MenuOf(Principal, "FilesMenu").Click = FilesMenuClicked;
     MenuOf(Principal, "OptionsMenu").Click = OptionsMenuClicked;
     MenuOf(Principal, "HelpMenu").Click = HelpMenuClicked;
     MenuOf(Principal, "LanguageMenu").Click = LanguageMenuClicked;

@@ -1,6 +1,7 @@
 #include "workbench/screen_entries.h"
 
 #include <functional>
+#include <numeric>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,7 @@
 #include "core/screen.h"
 #include "core/settings.h"
 #include "image/modified_state.h"
+#include "workbench/archivos.h"
 #include "workbench/directory_grid.h"
 #include "workbench/pc_pane.h"
 #include "workbench/principal.h"
@@ -90,6 +92,16 @@ void SetLanguageMenu(const std::vector<std::string>& names,
     }
 }
 
+/// The elements whose mark in `selected` is set.
+template <typename Element>
+std::vector<Element> Chosen(const std::vector<Element>& all, const std::vector<bool>& selected) {
+    std::vector<Element> chosen;
+    for (std::size_t index = 0; index < all.size() && index < selected.size(); ++index) {
+        if (selected[index]) chosen.push_back(all[index]);
+    }
+    return chosen;
+}
+
 void SetGridHeaders() {
     constexpr int kHeadersSet = 16;
     if (ListDirec.Columns.empty()) return;
@@ -121,6 +133,16 @@ void ConnectScreen() {
     };
     Screen.PcListFolder = [] { return PrincipalControl("File1").Path; };
     Screen.PcListName = SelectedPcFile;
+    Screen.PcSelectedNames = [] {
+        const Control& files = PrincipalControl("File1");
+        return Chosen(files.Items, files.ItemSelected);
+    };
+    Screen.SelectedRows = [] {
+        std::vector<int> rows(static_cast<std::size_t>(Disk.DirRows));
+        std::iota(rows.begin(), rows.end(), 0);
+        return Chosen(rows, ListDirec.RowSelected);
+    };
+    Screen.ShowDetached = ShowArchivos;
     Screen.SetFilePath = [](const std::string& path) {
         SetText(PrincipalControl("FilePath"), path);
     };

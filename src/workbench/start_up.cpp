@@ -19,6 +19,8 @@
 #include "workbench/directory_totals.h"
 #include "workbench/file_drag.h"
 #include "workbench/file_popup.h"
+#include "workbench/files_menu.h"
+#include "workbench/new_disk.h"
 #include "workbench/pc_pane.h"
 #include "workbench/principal.h"
 #include "workbench/principal_design.h"
@@ -73,6 +75,7 @@ void BuildPrincipal() {
     ListDirec = Grid();
     TotalsLines = {};
     Archivos = Window();
+    BuildNewDisk();
     Principal.Name = "Principal";
     Principal.Caption = "Brindlemoor";
     Principal.Controls = DesignedControls();
@@ -87,6 +90,7 @@ void BuildPrincipal() {
     ConnectSectorMap();
     ConnectRowClick();
     ConnectMenus();
+    ConnectFilesMenu();
     ListPcDrives();
     ShowStartFolder();
     ResizePrincipal(kFirstWidth, kFirstHeight);

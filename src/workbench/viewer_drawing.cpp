@@ -59,7 +59,7 @@ void DrawCharacterCells(Picture& picture, const ViewerRow& place, std::string_vi
             const int code = static_cast<unsigned char>(bytes[column.Cell]);
             const int setY = code / kCharactersInRow * kCharacterHeight + sourceY;
             const int setX = code % kCharactersInRow * kCharacterWidth + column.SourceX;
-            *pixel++ = set.Pixels[static_cast<std::size_t>(setY * set.Width + setX)];
+            *pixel++ = PixelAt(set, setX, setY);
         }
     }
     ++picture.Revision;

@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 
-#include "core/byte_helpers.h"
 #include "core/numbers.h"
 
 namespace brindlemoor {
@@ -30,10 +29,6 @@ LineRule TypedWidth(const std::string& text) {
 }
 
 }  // namespace
-
-double TypedNumber(const std::string& text) {
-    return LeadingNumber(Left(text, 30));
-}
 
 LineRule LineRuleOf(int index, const std::string& text, int mode, int basicView) {
     constexpr int kTokens = 1;

@@ -16,10 +16,6 @@ struct LineRule {
 /// Rows and columns of a text that can be scrolled to: the scroll bars count no further.
 inline constexpr int kMostViewerCells = 32767;
 
-/// The number at the start of what was typed into `Zoom` or `Anchos`. Of an endless row of digits
-/// the first thirty count.
-double TypedNumber(const std::string& text);
-
 /// The rule of entry `index` of `Anchos` (-1 for free text `text`), for a file of type `mode`
 /// while `VerAsc` stands on `basicView`.
 LineRule LineRuleOf(int index, const std::string& text, int mode, int basicView);

@@ -12,6 +12,7 @@
 #include "platform/qt/text.h"
 #include "platform/qt/window_widgets.h"
 #include "workbench/acerca.h"
+#include "workbench/new_disk.h"
 
 namespace brindlemoor {
 
@@ -20,10 +21,12 @@ namespace {
 struct ModalRow {
     const char* Name;
     Window* Record;
+    bool OwnButtons;  ///< its record has the buttons that close it; else the shell adds one
 };
 
 /// The windows that a menu can open, by the name that it asks for.
-const std::array<ModalRow, 1> kModalWindows = {{{"Acerca", &Acerca}}};
+const std::array<ModalRow, 2> kModalWindows = {
+    {{"Acerca", &Acerca, false}, {"NewDisk", &NewDisk, true}}};
 
 /// The picture of the about box; it is the only picture that a record leaves to the shell.
 void ShowProgramPicture(const WindowWidgets& widgets) {
@@ -35,30 +38,43 @@ void ShowProgramPicture(const WindowWidgets& widgets) {
     place->hide();
 }
 
-void RunWindow(Window& record) {
+void AddOkButton(QDialog& dialog) {
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, &dialog);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    dialog.layout()->addWidget(buttons);
+    buttons->button(QDialogButtonBox::Ok)->setFocus();
+}
+
+/// A window of its own buttons closes when its record says so; closing it by Escape or the frame's
+/// button is told to the record.
+void RunWindow(const ModalRow& row) {
+    Window& record = *row.Record;
+    record.Open = true;
     QDialog dialog(Shell.MainWindow);
     dialog.setWindowTitle(ToText(record.Caption));
     auto* area = new QWidget(&dialog);
     area->setFixedSize(Pixels(record.Width), Pixels(record.Height));
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, &dialog);
-    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     auto* layout = new QVBoxLayout(&dialog);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(area);
-    layout->addWidget(buttons);
     const auto widgets = BuildWidgets(record, area);
-    AddRefresh(area, [widgets] { ShowRecords(*widgets); });
+    AddRefresh(area, [widgets, &dialog, &record] {
+        ShowRecords(*widgets);
+        if (!record.Open) dialog.accept();
+    });
     RefreshWindows();
     ShowProgramPicture(*widgets);
-    buttons->button(QDialogButtonBox::Ok)->setFocus();
+    if (!row.OwnButtons) AddOkButton(dialog);
     dialog.exec();
+    if (record.Open) UserAction([&record] { Raise(record.Close); });
+    record.Open = false;
 }
 
 }  // namespace
 
 void RunModalWindow(const std::string& name) {
     for (const ModalRow& row : kModalWindows) {
-        if (name == row.Name) RunWindow(*row.Record);
+        if (name == row.Name) RunWindow(row);
     }
 }
 

@@ -11,6 +11,7 @@
 #include <array>
 
 #include "platform/qt/detached_window.h"
+#include "platform/qt/file_dialog_box.h"
 #include "platform/qt/menus.h"
 #include "platform/qt/modal_window.h"
 #include "platform/qt/picture_text.h"
@@ -139,6 +140,7 @@ PlatformTable QtPlatform() {
     PlatformTable table = SilentPlatform();
     table.ShowMessage = RunMessageBox;
     table.AskText = RunTextBox;
+    table.FileDialog = RunFileDialog;
     table.ShowModal = [](const std::string& window) {
         RefreshWindows();
         RunModalWindow(window);

@@ -3,12 +3,14 @@
 #include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScrollBar>
 #include <QToolTip>
 #include <algorithm>
@@ -204,6 +206,7 @@ void ShowCheckBox(QWidget* widget, const Control& record, const Control& /*shown
 QWidget* MakeButton(QWidget* parent, ControlRef place) {
     auto* button = new QPushButton(parent);
     button->setAutoDefault(false);
+    button->setDefault(RecordOf(place).Default);
     QObject::connect(button, &QPushButton::clicked, button,
                      [place] { UserAction([place] { Raise(RecordOf(place).Click); }); });
     return button;
@@ -215,8 +218,29 @@ void ShowButton(QWidget* widget, const Control& record, const Control& /*shown*/
     if (button->text() != text) button->setText(text);
 }
 
-QWidget* MakeFrame(QWidget* parent, ControlRef /*place*/) {
-    return new QFrame(parent);
+QWidget* MakeOptionButton(QWidget* parent, ControlRef place) {
+    auto* button = new QRadioButton(parent);
+    button->setAutoExclusive(false);  // the record knows which of its array is chosen
+    QObject::connect(button, &QRadioButton::clicked, button, [place] {
+        UserAction([place] {
+            const Control& record = RecordOf(place);
+            ChooseOption(*place.Owner, record.Name, record.Index);
+        });
+    });
+    return button;
+}
+
+void ShowOptionButton(QWidget* widget, const Control& record, const Control& /*shown*/) {
+    auto* button = static_cast<QRadioButton*>(widget);
+    const QString text = WithoutMnemonics(record.Text);
+    if (button->text() != text) button->setText(text);
+    button->setChecked(record.Checked);
+}
+
+QWidget* MakeFrame(QWidget* parent, ControlRef place) {
+    const std::string& caption = RecordOf(place).Text;
+    if (caption.empty()) return new QFrame(parent);
+    return new QGroupBox(ToText(caption), parent);
 }
 
 QWidget* MakeHorizontalBar(QWidget* parent, ControlRef place) {

@@ -25,6 +25,9 @@ void ShowCheckBox(QWidget* widget, const Control& record, const Control& shown);
 QWidget* MakeButton(QWidget* parent, ControlRef place);
 void ShowButton(QWidget* widget, const Control& record, const Control& shown);
 
+QWidget* MakeOptionButton(QWidget* parent, ControlRef place);
+void ShowOptionButton(QWidget* widget, const Control& record, const Control& shown);
+
 QWidget* MakeFrame(QWidget* parent, ControlRef place);
 QWidget* MakeHorizontalBar(QWidget* parent, ControlRef place);
 QWidget* MakeVerticalBar(QWidget* parent, ControlRef place);

@@ -32,12 +32,13 @@ struct KindRow {
 };
 
 /// Grids are not in the table: they have a record of their own. Hidden controls have no widget.
-constexpr std::array<KindRow, 12> kKinds = {{
+constexpr std::array<KindRow, 13> kKinds = {{
     {ControlKind::Label, MakeLabel, ShowLabel},
     {ControlKind::TextBox, MakeTextBox, ShowTextBox},
     {ControlKind::ComboBox, MakeComboBox, ShowComboBox},
     {ControlKind::CheckBox, MakeCheckBox, ShowCheckBox},
     {ControlKind::Button, MakeButton, ShowButton},
+    {ControlKind::OptionButton, MakeOptionButton, ShowOptionButton},
     {ControlKind::Frame, MakeFrame, nullptr},
     {ControlKind::HorizontalBar, MakeHorizontalBar, ShowScrollBar},
     {ControlKind::VerticalBar, MakeVerticalBar, ShowScrollBar},

@@ -57,6 +57,13 @@ PlatformTable ScriptedPlatform(Script& script) {
                               const std::string& suggestion) {
         return AnswerPrompt(script, {prompt, title, suggestion, ""});
     };
+    table.FileDialog = [&script](FileQuestion& question) {
+        script.FileQuestions.push_back(question);
+        if (script.Files.empty()) return std::string();
+        std::string chosen = script.Files.front();
+        script.Files.pop_front();
+        return chosen;
+    };
     table.ShowModal = [&script](const std::string& window) {
         script.ModalWindows.push_back(window);
         if (script.OnModal) script.OnModal(window);

@@ -38,6 +38,7 @@ struct Script {
     // What the user does
     std::deque<Answer> Answers;     ///< taken by message boxes, first to last
     std::deque<std::string> Texts;  ///< taken by text prompts, first to last; then empty texts
+    std::deque<std::string> Files;  ///< taken by file dialogs, first to last; then none is chosen
     std::vector<DriveEntry> Drives;
     bool ProgramsStart = true;  ///< what `StartProgram` and `OpenWebPage` answer
     std::function<void(const ShownMessage&)> OnMessage;  ///< runs while the box stands open
@@ -47,6 +48,7 @@ struct Script {
     // What was asked
     std::vector<ShownMessage> Messages;
     std::vector<ShownPrompt> Prompts;
+    std::vector<FileQuestion> FileQuestions;
     std::vector<std::string> ModalWindows;
     std::vector<std::string> Windows;  ///< shown beside the main window
     std::vector<std::string> PopupMenus;

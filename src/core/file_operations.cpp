@@ -1,0 +1,72 @@
+#include "core/file_operations.h"
+
+#include <cerrno>
+
+#if __has_include(<unistd.h>)
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace brindlemoor {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool WriteBytes(std::FILE* file, const std::string& bytes) {
+    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+    return written && std::fflush(file) == 0;
+}
+
+#if __has_include(<unistd.h>)
+
+bool FlushFile(std::FILE* file) {
+    return fsync(fileno(file)) == 0;
+}
+
+void FlushNames(const std::string& folder) {
+    const int handle = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY);
+    if (handle < 0) return;
+    fsync(handle);
+    close(handle);
+}
+
+#else
+
+bool FlushFile(std::FILE* file) {
+    return std::fflush(file) == 0;
+}
+
+void FlushNames(const std::string& /*folder*/) {}
+
+#endif
+
+}  // namespace
+
+FileOperationTable SystemFileOperations() {
+    FileOperationTable table;
+    table.OpenNew = [](const std::string& path) { return std::fopen(path.c_str(), "wbx"); };
+    table.SetPermissions = [](const std::string& path, fs::perms permissions) {
+        std::error_code error;
+        fs::permissions(path, permissions, error);
+        return error;
+    };
+    table.Write = WriteBytes;
+    table.FlushToDisk = FlushFile;
+    table.Close = [](std::FILE* file) { return std::fclose(file) == 0; };
+    table.Rename = [](const std::string& from, const std::string& to) {
+        std::error_code error;
+        fs::rename(from, to, error);
+        return error;
+    };
+    table.FlushFolder = FlushNames;
+    table.Remove = [](const std::string& path) {
+        std::error_code ignored;
+        fs::remove(path, ignored);
+    };
+    return table;
+}
+
+FileOperationTable FileOperations = SystemFileOperations();
+
+}  // namespace brindlemoor

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <system_error>
+
+namespace brindlemoor {
+
+/// What replacing a file asks of the system, step by step, so that tests can have each step fail.
+/// The entries that return a truth leave the reason of a failure in `errno`.
+struct FileOperationTable {
+    /// Makes a new file for writing; null when one of that name is there already.
+    std::function<std::FILE*(const std::string& path)> OpenNew;
+    std::function<std::error_code(const std::string& path, std::filesystem::perms permissions)>
+        SetPermissions;
+    std::function<bool(std::FILE* file, const std::string& bytes)> Write;
+    std::function<bool(std::FILE* file)> FlushToDisk;  ///< returns when the bytes are on the disk
+    std::function<bool(std::FILE* file)> Close;        ///< `file` is gone also when it fails
+    std::function<std::error_code(const std::string& from, const std::string& to)> Rename;
+    /// Has the disk keep a folder's new names; a system that cannot do so does nothing.
+    std::function<void(const std::string& folder)> FlushFolder;
+    std::function<void(const std::string& path)> Remove;
+};
+
+extern FileOperationTable FileOperations;
+
+/// The system's own operations.
+FileOperationTable SystemFileOperations();
+
+}  // namespace brindlemoor

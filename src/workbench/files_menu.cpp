@@ -1,0 +1,158 @@
+#include "workbench/files_menu.h"
+
+#include <algorithm>
+
+#include "core/byte_helpers.h"
+#include "core/disk_state.h"
+#include "core/platform.h"
+#include "core/runtime_failure.h"
+#include "core/settings.h"
+#include "filesystems/commit.h"
+#include "image/blank_image.h"
+#include "image/pc_file.h"
+#include "image/save_image.h"
+#include "workbench/directory_grid.h"
+#include "workbench/file_dialog.h"
+#include "workbench/new_disk.h"
+#include "workbench/pc_pane.h"
+#include "workbench/principal.h"
+
+namespace brindlemoor {
+
+namespace {
+
+enum FilesCommand : int { kNew = 0, kOpen = 2, kReOpen = 3, kSave = 5, kSaveAs = 6, kExit = 8 };
+
+/// Asks for a file with the pattern in force as the filter.
+std::string AskForFile(const std::string& mode, const std::string& title) {
+    std::string folder = PrincipalControl("File1").Path;
+    std::string name;
+    int filterIndex = 1;
+    return FileDialog(mode, folder, name,
+                      {"DSK", title, FilterOf(PrincipalControl("DirPattern").Text)}, filterIndex);
+}
+
+void OpenFile() {
+    const std::string path = AskForFile("A", "Seleccione el Archivo");
+    if (!path.empty()) SelectPcFile(path);
+}
+
+/// Writes the disk to the path in `PathDsk`; then the file just written is opened.
+void SaveFile() {
+    std::string path = PrincipalControl("PathDsk").Text;
+    if (!SaveImage(path)) return;
+    FillDirectoryGrid();
+    SelectPcFile(path);
+}
+
+void SaveFileAs() {
+    const std::string path = AskForFile("G", "Seleccione el Archivo");
+    if (path.empty()) return;
+    SetText(PrincipalControl("PathDsk"), path);
+    SaveFile();
+}
+
+/// The patterns to pick from, but for the two that show files of BASIC and the like.
+std::string DiskFilters() {
+    constexpr std::size_t kFiles = 3;
+    constexpr std::size_t kDisksAndFiles = 4;
+    const std::vector<std::string>& patterns = PrincipalControl("DirPattern").Items;
+    std::vector<std::string> filters;
+    for (std::size_t item = 0; item < patterns.size(); ++item) {
+        if (item != kFiles && item != kDisksAndFiles) filters.push_back(FilterOf(patterns[item]));
+    }
+    return JoinText(filters, "|");
+}
+
+std::string AskForNewFile() {
+    constexpr int kFiltersBeforeFormats = 2;
+    std::string folder = PrincipalControl("File1").Path;
+    std::string name;
+    int filterIndex = NewDiskFormat() + kFiltersBeforeFormats;
+    return FileDialog("G", folder, name,
+                      {NewDiskFormatCaption(), "Crear archivo nuevo", DiskFilters()}, filterIndex);
+}
+
+void NewFile() {
+    NewDiskCancelled = false;
+    Platform.ShowModal("NewDisk");
+    if (NewDiskCancelled) return;
+    std::string path = AskForNewFile();
+    if (path.empty()) return;
+    SetText(PrincipalControl("FilePath"), path);
+    Disk.PcFileBytes = BlankImage(NewDiskShape());
+    if (!WritePcFile(path, Disk.PcFileBytes, kSkipCreateQuestion | kSkipOverwriteQuestion)) return;
+    SelectPcFile(path);
+}
+
+void FilesMenuClicked(int index) {
+    switch (index) {
+        case kNew:
+            return NewFile();
+        case kOpen:
+            return OpenFile();
+        case kReOpen:
+            return ReOpenImage();
+        case kSave:
+            return SaveFile();
+        case kSaveAs:
+            return SaveFileAs();
+        case kExit:
+            return Platform.CloseMainWindow();
+        default:
+            return;
+    }
+}
+
+/// Writing the rows of an OS-9 disk into its image leaves the identification sector and the map,
+/// and blanks everything else. Nobody loses a disk to a button without having been told.
+bool MayBlankOs9Disk() {
+    if (Disk.DiskFamily != kOs9) return true;
+    const bool spanish = Settings.LanguageIndex != 0;
+    const std::string question =
+        spanish ? "Grabar con este botón borra todos los archivos de un disco OS-9: solo quedan "
+                  "el sector de identificación y el mapa.\r\n\r\n"
+                  "Para conservarlos use Archivos, Guardar. ¿Borrarlos?"_w
+                : "Saving an OS-9 disk with this button erases all its files: only the "
+                  "identification sector and the map remain.\r\n\r\n"
+                  "To keep them use Files, Save. Erase them?"_w;
+    return Platform.ShowMessage(question, Disk.AppTitle, Buttons::OkCancel,
+                                MessageIcon::Exclamation) == Answer::Ok;
+}
+
+/// The button writes the rows into the image first; the menu entry saves the image as it stands.
+void SaveButtonPressed() {
+    if (!Disk.ImageBytes.empty()) {
+        if (!MayBlankOs9Disk()) return;
+        if (const auto failure = FailureOfStep(CommitDirectory)) {
+            Platform.ShowMessage(ErrorBoxText(*failure), Disk.AppTitle, Buttons::Ok,
+                                 MessageIcon::Critical);
+            return;
+        }
+    }
+    SaveFile();
+}
+
+}  // namespace
+
+void SelectPcFile(const std::string& path) {
+    std::string folder;
+    std::string name;
+    SplitPath(path, folder, name);
+    ShowPcFolder(folder);
+    RefreshPcFiles();
+    Control& files = PrincipalControl("File1");
+    if (files.Items.empty()) return;
+    const auto found = std::find(files.Items.begin(), files.Items.end(), name);
+    const auto last = files.Items.end() - 1;
+    ClickListEntry(files, static_cast<int>(std::min(found, last) - files.Items.begin()));
+    SetText(PrincipalControl("FilePath"), path);
+}
+
+void ConnectFilesMenu() {
+    MenuOf(Principal, "FilesMenu").Click = FilesMenuClicked;
+    PrincipalControl("SaveBtn").Click = SaveButtonPressed;
+    PrincipalControl("UndoBtn").Click = ReOpenImage;
+}
+
+}  // namespace brindlemoor

@@ -1,0 +1,89 @@
+#include "core/file_operations.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <vector>
+
+#include "core/safe_file.h"
+#include "support/disk_fixture.h"
+#include "support/faulty_files.h"
+
+namespace brindlemoor::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class FileFaultTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        folder_ = FreshFolder();
+        path_ = WriteTestFile(folder_, "disk.dsk", old_);
+    }
+
+    std::size_t Files() const {
+        return static_cast<std::size_t>(
+            std::distance(fs::directory_iterator(folder_), fs::directory_iterator()));
+    }
+
+    FileOperationsKept kept_;
+    std::string folder_;
+    std::string path_;
+    std::string old_ = std::string(5000, 'o');
+    std::string new_ = std::string(7000, 'n');
+};
+
+TEST_F(FileFaultTest, AFailureOfAnyStepLeavesTheOldFileAndNoOther) {
+    for (const FileStep step : kAllFileSteps) {
+        if (step == FileStep::FlushFolder) continue;  // it has no failure to tell
+        FileOperations = FailingAt(step);
+        EXPECT_EQ(ReplaceFile(path_, new_, Flush::ToDisk), std::errc::no_space_on_device)
+            << static_cast<int>(step);
+        EXPECT_EQ(FileBytes(path_), old_) << static_cast<int>(step);
+        EXPECT_EQ(Files(), 1U) << static_cast<int>(step);
+    }
+    FileOperations = SystemFileOperations();
+    EXPECT_FALSE(ReplaceFile(path_, new_, Flush::ToDisk));
+    EXPECT_EQ(FileBytes(path_), new_);
+}
+
+TEST_F(FileFaultTest, TheStepsComeInTheOrderThatKeepsTheOldBytes) {
+    std::vector<FileStep> steps;
+    FileOperations = Watching([&steps](FileStep step) { steps.push_back(step); });
+    EXPECT_FALSE(ReplaceFile(path_, new_, Flush::ToDisk));
+    EXPECT_EQ(steps, std::vector<FileStep>(std::begin(kAllFileSteps), std::end(kAllFileSteps)));
+    EXPECT_EQ(FileBytes(path_), new_);
+}
+
+/// Replaces the file in a process of its own that is gone, without a farewell, at that step.
+void ReplaceAndDie(const std::string& path, const std::string& bytes, FileStep last) {
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        FileOperations = Watching([last](FileStep step) {
+            if (step == last) _exit(0);
+        });
+        ReplaceFile(path, bytes, Flush::ToDisk);
+        _exit(1);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status));
+    ASSERT_EQ(WEXITSTATUS(status), 0);
+}
+
+TEST_F(FileFaultTest, AProcessKilledAtAnyStepLeavesOldOrNewBytesNeverLess) {
+    for (const FileStep step : kAllFileSteps) {
+        ReplaceAndDie(path_, new_, step);
+        const bool renamed = step == FileStep::FlushFolder;
+        EXPECT_EQ(FileBytes(path_), renamed ? new_ : old_) << static_cast<int>(step);
+        WriteTestFile(folder_, "disk.dsk", old_);
+    }
+    EXPECT_FALSE(ReplaceFile(path_, new_, Flush::ToDisk));  // what the dead left is in no way
+    EXPECT_EQ(FileBytes(path_), new_);
+}
+
+}  // namespace
+}  // namespace brindlemoor::test
