@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the seeds of the disk and BASIC targets into fuzz/corpus from the files of tests/data.
+"""Writes the seeds of the disk, BASIC and tape targets into fuzz/corpus from the files of tests/data.
 
 A seed of a disk holds the sectors of a disk that say where things are (allocation tables, directories,
 file descriptors) and no contents. No image here is a FLEX disk, so one is made from the format's
@@ -151,9 +151,47 @@ def write_seeds():
     save("write_disk_fuzzer", "os9-large", b"\2\6\0\0\3\x20\0\0" + read + commit)
 
 
+def wav(channels, rate, bits, samples):
+    align = channels * bits // 8
+    return (b"RIFF" + struct.pack("<I", len(samples) + 36) + b"WAVEfmt "
+            + struct.pack("<IHHIIHH", 16, 1, channels, rate, rate * align, align, bits)
+            + b"data" + struct.pack("<I", len(samples)) + samples)
+
+
+def tape_seeds():
+    """Tapes and parts of recordings, files for tape, a cartridge. A byte in front says the type."""
+    for path in sorted(DATA.glob("tape/*.cas")):
+        save("cas_fuzzer", path.stem, b"\0" + path.read_bytes().lstrip(b"\0"))
+    save("cas_fuzzer", "no-end-block", b"\0" + (DATA / "tape/tiny.cas").read_bytes()[12:300])
+    save("cas_fuzzer", "dragon", b"\1" + (DATA / "tape/ml.cas").read_bytes()[12:])
+    save("cas_fuzzer", "tokens", b"\0" + (DATA / "basic/PRIMES.decb.tok").read_bytes())
+    save("cas_fuzzer", "dragon-file", b"\x08" + (DATA / "basic/TRIANGLE.imgtool.tok").read_bytes())
+    save("cas_fuzzer", "binary", b"\0" + (DATA / "content/binary/ONESEG.BIN").read_bytes())
+    save("cas_fuzzer", "ascii", b"\0\r10 CLS\r")
+    save("cas_fuzzer", "raw", b"\x28raw data")
+
+    sound = (DATA / "tape-castool/tiny-44100.wav").read_bytes()
+    first = next(at for at in range(44, len(sound)) if sound[at] >= 148)
+    save("wav_fuzzer", "mono-8", wav(1, 44100, 8, sound[first - 20:first + 4000]))
+    wide = b"".join(struct.pack("<h", (byte - 128) * 256) for byte in sound[first:first + 4000:2])
+    save("wav_fuzzer", "mono-16", wav(1, 22050, 16, wide))
+    save("wav_fuzzer", "stereo-16", wav(2, 11025, 16, wide))
+    save("wav_fuzzer", "stereo-8", wav(2, 44100, 8, sound[first:first + 500]))
+    save("wav_fuzzer", "bits-24", wav(1, 14700, 24, wide[:3000]))
+    save("wav_fuzzer", "header-cut", sound[:30])
+    tape = (DATA / "tape-castool/tiny.cas").read_bytes()
+    save("wav_fuzzer", "stream", b"4000\n8\n1\n110\n1200\n2400\n1\n500\n" + tape)
+    save("wav_fuzzer", "no-silence", b"4000\n16\n2\n110\n1100\n2000\n0\n0\n" + tape)
+
+    rom = bytes(range(100))
+    save("cartridge_fuzzer", "rom", rom)
+    save("cartridge_fuzzer", "pak", b"\xc0\0" + struct.pack("<H", 100) + rom + b"\xc0" + bytes(34))
+
+
 def main():
     basic_seeds()
     write_seeds()
+    tape_seeds()
     for path in sorted(DATA.glob("decb*/*.dsk")):
         image = path.read_bytes()
         if len(image) % SECTOR == 0:

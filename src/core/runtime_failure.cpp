@@ -19,6 +19,8 @@ std::string FailureText(int number) {
             return "Division by zero";
         case kTypeMismatch:
             return "Type mismatch";
+        case kCannotPerform:
+            return "Can't perform requested operation";
         case kControlNotFound:
             return "Control not found";
         default:

@@ -14,6 +14,7 @@ enum FailureNumber : int {
     kIndexRange = 9,
     kDivisionByZero = 11,
     kTypeMismatch = 13,
+    kCannotPerform = 17,
     kControlNotFound = 730,
 };
 

@@ -21,9 +21,9 @@ TEST(RuntimeFailure, CarriesItsNumberAndText) {
 
 TEST(RuntimeFailure, EveryNumberHasATextOfItsOwn) {
     std::set<std::string> texts;
-    for (const int number :
-         std::initializer_list<int>{kInvalidCall, kOverflow, kOutOfMemory, kIndexRange,
-                                    kDivisionByZero, kTypeMismatch, kControlNotFound, -1}) {
+    for (const int number : std::initializer_list<int>{kInvalidCall, kOverflow, kOutOfMemory,
+                                                       kIndexRange, kDivisionByZero, kTypeMismatch,
+                                                       kCannotPerform, kControlNotFound, -1}) {
         EXPECT_FALSE(FailureText(number).empty()) << number;
         EXPECT_TRUE(texts.insert(FailureText(number)).second) << number;
     }
