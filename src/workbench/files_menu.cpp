@@ -9,6 +9,7 @@
 #include "core/settings.h"
 #include "filesystems/commit.h"
 #include "image/blank_image.h"
+#include "image/modified_state.h"
 #include "image/pc_file.h"
 #include "image/save_image.h"
 #include "workbench/directory_grid.h"
@@ -121,6 +122,7 @@ bool MayBlankOs9Disk() {
 }
 
 /// The button writes the rows into the image first; the menu entry saves the image as it stands.
+/// The image differs from its file from then on, also when the saving fails.
 void SaveButtonPressed() {
     if (!Disk.ImageBytes.empty()) {
         if (!MayBlankOs9Disk()) return;
@@ -129,6 +131,7 @@ void SaveButtonPressed() {
                                  MessageIcon::Critical);
             return;
         }
+        RefreshModified();
     }
     SaveFile();
 }

@@ -6,6 +6,7 @@
 
 #include "core/disk_state.h"
 #include "core/screen.h"
+#include "filesystems/write_file.h"
 #include "image/modified_state.h"
 #include "image/open_image.h"
 #include "image/pc_file.h"
@@ -77,6 +78,23 @@ TEST_F(SaveImageTest, ADkHeaderGoesThroughByteForByte) {
     EXPECT_TRUE(Save(Path("a.vdk")));
     EXPECT_EQ(FileBytes(Path("a.vdk")), header + Disk.ImageBytes);
     EXPECT_EQ(Disk.ImageOnOpen, header + Disk.ImageBytes);
+}
+
+TEST_F(SaveImageTest, AChangedHeaderIsAnUnsavedChangeUntilItIsChangedBack) {
+    std::string header(12, '\x07');
+    header.replace(0, 4, std::string("dk\x0C\x00", 4));
+    Open("a.vdk", header + OneFileDisk());
+    RefreshModified();
+    EXPECT_EQ(Disk.ImageModified, 0);
+    Disk.ImageHeader[5] = 'X';
+    RefreshModified();
+    EXPECT_EQ(Disk.ImageModified, -1);
+    Disk.ImageHeader[5] = '\x07';
+    RefreshModified();
+    EXPECT_EQ(Disk.ImageModified, 0);
+    Disk.ImageHeader.clear();
+    RefreshModified();
+    EXPECT_EQ(Disk.ImageModified, -1);
 }
 
 TEST_F(SaveImageTest, AnEmptyPathEndsInTheErrorMessageAndNothingIsWritten) {
@@ -221,6 +239,20 @@ TEST_F(HardDiskSaveTest, MoreBytesThanThePartHoldsAreRefused) {
     EXPECT_FALSE(Save(Path("hd.vhd")));
     EXPECT_EQ(Shown(), std::vector<std::string>{"Error!!! 22 Invalid argument"});
     EXPECT_EQ(BytesAt(kOffset + kVirtualDriveBytes, 6), "BEHIND");
+}
+
+TEST_F(HardDiskSaveTest, ADriveWhoseLastGranuleIsTakenGoesBackIntoItsPlace) {
+    OpenDriveOne();
+    std::string data(36 * 2304 - 1, 'D');  // the granules from 32 to 67
+    WriteFileToDisk("LONG.BIN", false, data);
+    ASSERT_EQ(Disk.ImageBytes.size(), static_cast<std::size_t>(kVirtualDriveBytes) + 1);
+    script_.Messages.clear();
+    EXPECT_TRUE(Save(Path("hd.vhd")));
+    EXPECT_EQ(Shown(), std::vector<std::string>{});
+    EXPECT_EQ(BytesAt(kOffset, kVirtualDriveBytes), Disk.ImageBytes.substr(0, kVirtualDriveBytes));
+    EXPECT_EQ(BytesAt(kOffset + kVirtualDriveBytes, 6), "BEHIND");
+    RefreshModified();
+    EXPECT_EQ(Disk.ImageModified, 0);
 }
 
 TEST_F(HardDiskSaveTest, AFailureLeavesTheWholeHardDiskAlone) {

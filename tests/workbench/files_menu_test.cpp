@@ -164,6 +164,19 @@ TEST_F(FilesMenuTest, ASaveThatFailsKeepsTheModifiedState) {
     EXPECT_TRUE(PrincipalControl("UndoBtn").Enabled);
 }
 
+TEST_F(FilesMenuTest, AfterAFailedSaveTheRowsInTheImageAreAnUnsavedChange) {
+    OpenDisk();
+    DirTable[0].Name = "CHANGED ";
+    FileOperations = FailingAt(FileStep::Write);
+    PrincipalControl("SaveBtn").Click();
+    EXPECT_EQ(MessageTexts(script_), Texts{"Error!!! 28 No space left on device"});
+    EXPECT_EQ(Disk.ImageBytes.substr(78848, 11), "CHANGED BAS");
+    EXPECT_EQ(Disk.ImageModified, -1);
+    EXPECT_TRUE(ItemOf(MenuOf(Principal, "FilesMenu"), 5).Enabled);
+    EXPECT_TRUE(PrincipalControl("UndoBtn").Enabled);
+    EXPECT_EQ(FileBytes(Path("a.dsk")), OneFileDisk());
+}
+
 TEST_F(FilesMenuTest, SaveWithoutADiskEndsInTheErrorMessage) {
     PrincipalControl("SaveBtn").Click();
     Menu(5);
