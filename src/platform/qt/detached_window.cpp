@@ -42,6 +42,7 @@ void HookWindow(QWidget* window, Window* record) {
         }
         if (event->type() == QEvent::Close) {
             UserAction([record] { Raise(record->Close); });
+            RemoveRefresh(window);
             window->deleteLater();
         }
         return false;

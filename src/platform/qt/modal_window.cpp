@@ -68,6 +68,7 @@ void RunWindow(const ModalRow& row) {
     dialog.exec();
     if (record.Open) UserAction([&record] { Raise(record.Close); });
     record.Open = false;
+    RemoveRefresh(area);
 }
 
 }  // namespace

@@ -43,6 +43,12 @@ void AddRefresh(QWidget* window, std::function<void()> refresh) {
     openWindows.push_back({window, std::move(refresh)});
 }
 
+void RemoveRefresh(QWidget* window) {
+    for (OpenWindow& open : openWindows) {
+        if (open.Window == window) open.Window.clear();
+    }
+}
+
 void QuitProgram(int exitCode) {
     if (Shell.Quit) Shell.Quit(exitCode);
 }

@@ -21,6 +21,10 @@ bool IsRefreshing();
 /// Adds a window to those that `RefreshWindows` shows, as long as `window` lives.
 void AddRefresh(QWidget* window, std::function<void()> refresh);
 
+/// Takes the window out again, before its widgets go: one that loses the focus on the way still
+/// reports it, and the others must not be shown any more by then.
+void RemoveRefresh(QWidget* window);
+
 /// What the whole shell shares.
 struct ShellState {
     QPointer<QWidget> MainWindow;
