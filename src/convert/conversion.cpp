@@ -1,8 +1,6 @@
 #include "convert/conversion.h"
 
-#include "core/disk_state.h"
-#include "core/platform.h"
-#include "core/runtime_failure.h"
+#include "core/failure_box.h"
 
 namespace brindlemoor {
 
@@ -10,7 +8,7 @@ std::string ConvertedOrNothing(const std::function<std::string()>& conversion) {
     std::string result;
     const auto failure = FailureOfStep([&] { result = conversion(); });
     if (!failure) return result;
-    Platform.ShowMessage(ErrorBoxText(*failure), Disk.AppTitle, Buttons::Ok, MessageIcon::Critical);
+    ShowFailure(*failure);
     return {};
 }
 

@@ -7,6 +7,7 @@
 
 #include "core/byte_helpers.h"
 #include "core/disk_state.h"
+#include "core/failure_box.h"
 #include "core/numbers.h"
 #include "core/platform.h"
 #include "core/runtime_failure.h"
@@ -176,8 +177,7 @@ void WriteFileToDisk(const std::string& path, bool overwrite, std::string& data)
     const auto failure = FailureOfStep([&] { refresh = WriteFile(path, overwrite, data, before); });
     if (failure) {
         before.PutBack();
-        Platform.ShowMessage(ErrorBoxText(*failure), Disk.AppTitle, Buttons::Ok,
-                             MessageIcon::Critical);
+        ShowFailure(*failure);
         return;
     }
     if (refresh) RefreshGrid();

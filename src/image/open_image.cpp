@@ -6,6 +6,7 @@
 
 #include "core/byte_helpers.h"
 #include "core/disk_state.h"
+#include "core/failure_box.h"
 #include "core/platform.h"
 #include "core/runtime_failure.h"
 #include "core/screen.h"
@@ -97,7 +98,7 @@ void OpenLoadedImage(const std::string& folder, const std::string& name, const s
     SetAside before = SetDiskAside(modified);
     const auto failure = FailureOfStep([&] { ShowNewDisk(folder, name, path); });
     if (!failure) return;
-    Platform.ShowMessage(ErrorBoxText(*failure), Disk.AppTitle, Buttons::Ok, MessageIcon::Critical);
+    ShowFailure(*failure);
     BringDiskBack(before);
 }
 

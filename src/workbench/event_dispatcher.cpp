@@ -1,6 +1,6 @@
 #include "workbench/event_dispatcher.h"
 
-#include "core/disk_state.h"
+#include "core/failure_box.h"
 #include "core/platform.h"
 #include "core/runtime_failure.h"
 
@@ -9,7 +9,7 @@ namespace brindlemoor {
 bool Dispatch(const std::function<void()>& event) {
     const std::optional<RuntimeFailure> failure = FailureOfStep(event);
     if (!failure) return true;
-    Platform.ShowMessage(ErrorBoxText(*failure), Disk.AppTitle, Buttons::Ok, MessageIcon::Critical);
+    ShowFailure(*failure);
     Platform.EndProgram();
     return false;
 }

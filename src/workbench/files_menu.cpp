@@ -4,6 +4,7 @@
 
 #include "core/byte_helpers.h"
 #include "core/disk_state.h"
+#include "core/failure_box.h"
 #include "core/platform.h"
 #include "core/runtime_failure.h"
 #include "core/settings.h"
@@ -46,7 +47,9 @@ void SaveFile() {
     SelectPcFile(path);
 }
 
+/// Without a disk there is nothing that could take a file's place.
 void SaveFileAs() {
+    if (Disk.ImageBytes.empty()) return;
     const std::string path = AskForFile("G", "Seleccione el Archivo");
     if (path.empty()) return;
     SetText(PrincipalControl("PathDsk"), path);
@@ -127,8 +130,7 @@ void SaveButtonPressed() {
     if (!Disk.ImageBytes.empty()) {
         if (!MayBlankOs9Disk()) return;
         if (const auto failure = FailureOfStep(CommitDirectory)) {
-            Platform.ShowMessage(ErrorBoxText(*failure), Disk.AppTitle, Buttons::Ok,
-                                 MessageIcon::Critical);
+            ShowFailure(*failure);
             return;
         }
         RefreshModified();

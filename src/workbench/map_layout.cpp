@@ -44,19 +44,14 @@ std::string BandTitles(int tracks, int firstBand) {
     return titles;
 }
 
-/// What a picture control shows of its surface at most, in pixels.
-int ShownPixels(int twips) {
-    return twips / kTwipsPerPixel - 2 * kPictureFrame;
-}
-
 int LastOffset(int whole, int shown) {
     return std::max(whole - shown, 0);
 }
 
 void SetMapView(int left, int top) {
     Control& map = PrincipalControl("TrackBlock");
-    const int lastLeft = LastOffset(TrackBlockPicture.Width, ShownPixels(map.Width));
-    const int lastTop = LastOffset(TrackBlockPicture.Height, ShownPixels(map.Height));
+    const int lastLeft = LastOffset(TrackBlockPicture.Width, SurfacePixels(map.Width));
+    const int lastTop = LastOffset(TrackBlockPicture.Height, SurfacePixels(map.Height));
     left = std::clamp(left, 0, lastLeft);
     top = std::clamp(top, 0, lastTop) / kBandHeight * kBandHeight;
     if (map.ViewLeft == left && map.ViewTop == top) return;
@@ -111,7 +106,7 @@ int OffsetFor(int offset, int shown, int from, int to, int at) {
 void SizeMap() {
     SectorMap.Bands = std::max(Disk.TrackCount - 1, 0) / kTracksInBand + 1;
     const int width = std::max(kTracksInBand * (Disk.SectorsPerTrack + 1) + 1, kLeastMapWidth);
-    const int height = ShownPixels(WholeMapHeight());
+    const int height = SurfacePixels(WholeMapHeight());
     const bool fits = TrackBlockPicture.Width == width && TrackBlockPicture.Height == height;
     if (fits) {
         ClearPicture(TrackBlockPicture);
@@ -144,8 +139,8 @@ void PlaceMap(int windowHeight) {
 
 void ScrollMapTo(int x, int bandTop) {
     const Control& map = PrincipalControl("TrackBlock");
-    const int columns = ShownPixels(map.Width);
-    const int rows = std::max(ShownPixels(map.Height) / kBandHeight, 1) * kBandHeight;
+    const int columns = SurfacePixels(map.Width);
+    const int rows = std::max(SurfacePixels(map.Height) / kBandHeight, 1) * kBandHeight;
     const int pitch = std::max(Disk.SectorsPerTrack + 1, 1);
     const int trackLeft = x / pitch * pitch;
     const int left = OffsetFor(map.ViewLeft, columns, trackLeft, trackLeft + pitch + 1, x);

@@ -35,7 +35,7 @@ bool HasTracks() {
 /// Brings a field into its range. True when its text was changed: its routine ran for the new one.
 bool ClampField(const char* name, int least, int most) {
     Control& field = PrincipalControl(name);
-    const double number = LeadingNumber(field.Text);
+    const double number = TypedNumber(field.Text);
     if (number >= least && number <= most) return false;
     SetText(field, DecimalText(number < least ? least : most));
     return true;
@@ -137,8 +137,7 @@ bool MapKey(int key) {
 void GiveSurface(const char* name, Picture& surface) {
     Control& control = PrincipalControl(name);
     surface = Picture();
-    ResizePicture(surface, control.Width / kTwipsPerPixel - 2 * kPictureFrame,
-                  control.Height / kTwipsPerPixel - 2 * kPictureFrame);
+    ResizePicture(surface, SurfacePixels(control.Width), SurfacePixels(control.Height));
     control.Surface = &surface;
 }
 

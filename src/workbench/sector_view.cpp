@@ -122,7 +122,7 @@ SectorPlace FirstPlaceOf(int row) {
 
 int SectorFieldNumber(const char* name) {
     constexpr double kMost = 32767;
-    const double number = LeadingNumber(PrincipalControl(name).Text);
+    const double number = TypedNumber(PrincipalControl(name).Text);
     return static_cast<int>(std::nearbyint(std::clamp(number, -kMost, kMost)));
 }
 

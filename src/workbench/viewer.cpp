@@ -63,7 +63,7 @@ std::string KindOfFile(const std::string& bytes) {
     return type == 2 ? "DRAGON BIN" : "";
 }
 
-/// A bar that its maximum was drawn in under goes back to it.
+/// A bar that stands beyond its new maximum goes back to that.
 void SetRange(Control& bar, int maximum, int largeChange) {
     bar.LargeChange = largeChange;
     bar.Maximum = std::max(maximum, 0);

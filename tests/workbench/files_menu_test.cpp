@@ -202,6 +202,13 @@ TEST_F(FilesMenuTest, SaveAsWritesToTheChosenPathAndGoesOnThere) {
     EXPECT_EQ(Disk.ImageModified, 0);
 }
 
+TEST_F(FilesMenuTest, SaveAsWithoutADiskAsksForNoFile) {
+    script_.Files = {Path("a.dsk")};
+    Menu(6);
+    EXPECT_TRUE(script_.FileQuestions.empty());
+    EXPECT_EQ(FileBytes(Path("a.dsk")), OneFileDisk());
+}
+
 TEST_F(FilesMenuTest, TheButtonAsksBeforeItBlanksAnOs9Disk) {
     OpenDisk();
     Disk.DiskFamily = kOs9;

@@ -69,6 +69,18 @@ TEST_F(SectorEventsTest, ATrackBeyondTheDiskIsClamped) {
     EXPECT_EQ(Text("Track"), "34");
 }
 
+TEST_F(SectorEventsTest, AnEndlessRowOfDigitsIsClampedToo) {
+    const std::string digits(400, '9');  // no number holds them
+    const int lastTrack = Disk.TrackCount - 1;
+    const int lastSector = Disk.SectorsPerTrack;
+    SetText(PrincipalControl("Track"), digits);
+    SetText(PrincipalControl("Sector"), digits);
+    EXPECT_EQ(PrincipalControl("Track").Text, std::to_string(lastTrack));
+    EXPECT_EQ(PrincipalControl("Sector").Text, std::to_string(lastSector));
+    SetText(PrincipalControl("Granulo"), digits);
+    EXPECT_EQ(PrincipalControl("Track").Text, std::to_string(lastTrack));
+}
+
 TEST_F(SectorEventsTest, ATextThatCountsAsATrackStaysAsItWasTyped) {
     for (const char* text : {"", "abc", "0", " 7", "007", "8x"}) {
         Type("Track", text);
