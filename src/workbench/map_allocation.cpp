@@ -70,7 +70,7 @@ void PaintFreeGranules(const std::string& table) {
 }
 
 std::string PaintDecbTable() {
-    const std::int64_t length = (Disk.TrackCount - 1) * 2;
+    const std::int64_t length = (std::int64_t{Disk.TrackCount} - 1) * 2;
     if (length < 0) return {};
     const std::string table = Mid(Disk.ImageBytes, kDecbTablePosition, length);
     if (static_cast<std::int64_t>(table.size()) < length) return {};
