@@ -5,8 +5,6 @@
 
 namespace brindlemoor {
 
-namespace {
-
 bool DiffersFromFile() {
     const std::string& file = Disk.ImageOnOpen;
     const std::size_t header = Disk.ImageHeader.size();
@@ -14,8 +12,6 @@ bool DiffersFromFile() {
     return file.compare(0, header, Disk.ImageHeader) != 0 ||
            file.compare(header, std::string::npos, Disk.ImageBytes) != 0;
 }
-
-}  // namespace
 
 void RefreshModified() {
     Disk.ImageModified = DiffersFromFile() ? -1 : 0;

@@ -48,7 +48,41 @@ TEST_F(DispatchTest, MemoryThatTheMachineLacksIsFailure7) {
     EXPECT_TRUE(script_.Ended);
 }
 
-class DispatchInTheWindow : public test::DirectoryTest {};
+class DispatchInTheWindow : public test::DirectoryTest {
+  protected:
+    /// The last line of the only box.
+    std::string LastLine() const {
+        if (script_.Messages.size() != 1) return "(not one box)";
+        const std::string& text = script_.Messages[0].Text;
+        return text.substr(text.rfind('\n') + 1);
+    }
+};
+
+TEST_F(DispatchInTheWindow, UnsavedChangesAreKeptAndTheBoxNamesTheCopy) {
+    Disk.ImageHeader = "dk";
+    Disk.ImageBytes = "changed";
+    Disk.ImageOnOpen = "dkas read";
+    std::string atTheBox;
+    script_.OnMessage = [&](const ShownMessage&) { atTheBox = test::FileBytes(LastLine()); };
+    EXPECT_FALSE(Dispatch([] { Fail(9); }));
+    ASSERT_EQ(script_.Messages.size(), 1U);
+    EXPECT_EQ(script_.Messages[0].Text,
+              "Run-time error '9':\r\n\r\nSubscript out of range\r\n\r\n"
+              "The disk with its unsaved changes was kept as:\r\n" +
+                  LastLine());
+    EXPECT_EQ(LastLine().substr(LastLine().rfind('/')), "/Brindlemoor rescue 1.DSK");
+    EXPECT_EQ(atTheBox, "dkchanged");
+    EXPECT_TRUE(script_.Ended);
+}
+
+TEST_F(DispatchInTheWindow, TheCopyIsNamedInTheLanguageInForce) {
+    Settings.LanguageIndex = 1;
+    Disk.ImageBytes = "changed";
+    EXPECT_FALSE(Dispatch([] { Fail(9); }));
+    ASSERT_EQ(script_.Messages.size(), 1U);
+    EXPECT_NE(script_.Messages[0].Text.find("Los cambios del disco que no estaban grabados"),
+              std::string::npos);
+}
 
 TEST_F(DispatchInTheWindow, AGridThatCannotBeFilledEndsTheProgram) {
     Settings.ColumnWidthList[4] = "wide";
