@@ -2,14 +2,20 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <vector>
 
 #include "core/platform.h"
 #include "platform/qt/colours.h"
 #include "platform/qt/demonstration.h"
+#include "platform/qt/later.h"
 #include "platform/qt/main_window.h"
 #include "platform/qt/qt_platform.h"
 #include "platform/qt/shell.h"
 #include "workbench/acerca.h"
+#include "workbench/command_line.h"
 #include "workbench/principal.h"
 #include "workbench/start_up.h"
 
@@ -30,10 +36,31 @@ void SpeakSystemLanguage(QApplication& application, QTranslator& translator) {
     if (found) application.installTranslator(&translator);
 }
 
+void OpenAskedImage(const std::string& path) {
+    if (path.empty()) return;
+    bool opened = false;
+    UserAction([&] { opened = OpenFromCommandLine(path); });
+    if (!opened) std::fprintf(stderr, "brindlemoor: no such file: %s\n", path.c_str());
+}
+
+int Print(const CommandLine& line) {
+    std::fputs(line.Answer.c_str(), line.ExitCode == 0 ? stdout : stderr);
+    return line.ExitCode;
+}
+
+std::vector<std::string> Words(int argumentCount, char** arguments) {
+    return {arguments + std::min(argumentCount, 1), arguments + argumentCount};
+}
+
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
+    // Help needs no display. What is wrong can be told only when Qt has taken its own words out.
+    const CommandLine help = ReadCommandLine(Words(argumentCount, arguments));
+    if (!help.Answer.empty() && help.ExitCode == 0) return Print(help);
     QApplication application(argumentCount, arguments);
+    const CommandLine line = ReadCommandLine(Words(argumentCount, arguments));
+    if (!line.Answer.empty()) return Print(line);
     QApplication::setApplicationName(QStringLiteral("Brindlemoor"));
     QApplication::setQuitOnLastWindowClosed(false);  // a box before the window is not the last one
     QTranslator translator;
@@ -54,5 +81,6 @@ int main(int argumentCount, char** arguments) {
     if (!started || exit.Asked) return exit.Code;
     PrepareDemonstration(window);
     window.Widget->show();
+    RunLater(window.Widget.get(), 0, [&line] { OpenAskedImage(line.Image); });
     return QApplication::exec();
 }
