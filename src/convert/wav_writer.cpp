@@ -103,8 +103,8 @@ struct SampleBuffer {
     std::string File;  ///< header and samples so far
     std::int64_t Room = 0;
 
+    /// `position` lies within the room; what would stick out of it is cut off.
     void Put(std::int64_t position, const std::string& wave) {
-        if (position < 1 || position > Room) Fail(kInvalidCall);
         const auto at = static_cast<std::size_t>(kWavHeader + position - 1);
         const auto fits = static_cast<std::size_t>(Room - position + 1);
         if (at > File.size()) File.resize(at, kSilence);
@@ -122,29 +122,61 @@ std::size_t HeaderEnd(const std::string& stream) {
     return found == std::string::npos ? 0 : found + 1;
 }
 
-/// Lays the picture of every byte behind the one before. Returns the position behind the last.
-std::int64_t PutStream(SampleBuffer& buffer, const std::string& stream,
-                       const AudioOptions& options) {
-    const ByteWaves byteWave = MakeByteWaves(options);
-    const double waves =
-        Quotient(options.BitsPerSample * static_cast<double>(stream.size()) * options.SampleRate,
-                 options.Frec1200);
-    buffer.Room = WholeNumber32(kSpareRoom + waves + options.SilenceStart * options.SampleRate);
-    if (buffer.Room < 0) Fail(kInvalidCall);
-    buffer.File.reserve(static_cast<std::size_t>(buffer.Room + kWavHeader));
-    buffer.File.resize(static_cast<std::size_t>(kWavHeader));
+/// What is laid into the samples: the picture of every byte, each behind the one before.
+struct TapePictures {
+    const std::string& Stream;
+    const AudioOptions& Options;
+    ByteWaves Waves;
+    std::size_t HeaderEnd = 0;
+};
 
-    const std::size_t headerEnd = HeaderEnd(stream);
+/// Runs `put` with the 1-based position and the picture of every byte. Returns the position behind
+/// the last.
+template <typename Put>
+std::int64_t WalkStream(const TapePictures& tape, Put put) {
+    const AudioOptions& options = tape.Options;
     std::int64_t position = WholeNumber32(options.SilenceStart * options.SampleRate);
-    for (std::size_t i = 0; i < stream.size(); ++i) {
-        const std::string& wave = byteWave[static_cast<unsigned char>(stream[i])];
-        buffer.Put(position, wave);
+    for (std::size_t i = 0; i < tape.Stream.size(); ++i) {
+        const std::string& wave = tape.Waves[static_cast<unsigned char>(tape.Stream[i])];
+        put(position, wave);
         position += static_cast<std::int64_t>(wave.size());
-        if (i + 1 == headerEnd) {
+        if (i + 1 == tape.HeaderEnd) {
             position += WholeQuotient(options.SampleRate, options.SilenceHeader);
         }
     }
     return position;
+}
+
+/// Samples that there would be room for.
+std::int64_t Room(const AudioOptions& options, std::size_t streamSize) {
+    const double waves =
+        Quotient(options.BitsPerSample * static_cast<double>(streamSize) * options.SampleRate,
+                 options.Frec1200);
+    const std::int64_t room =
+        WholeNumber32(kSpareRoom + waves + options.SilenceStart * options.SampleRate);
+    if (room < 0) Fail(kInvalidCall);
+    return room;
+}
+
+/// Lays the pictures of the stream into the buffer. Where each of them goes, and with it the size
+/// of the file, is found out first, so that the file is allocated once. Returns the position behind
+/// the last picture.
+std::int64_t PutStream(SampleBuffer& buffer, const std::string& stream,
+                       const AudioOptions& options) {
+    const TapePictures tape = {stream, options, MakeByteWaves(options), HeaderEnd(stream)};
+    buffer.Room = Room(options, stream.size());
+    std::int64_t last = 0;
+    const std::int64_t end = WalkStream(tape, [&](std::int64_t position, const std::string& wave) {
+        if (position < 1 || position > buffer.Room) Fail(kInvalidCall);
+        last = std::max(last, position + static_cast<std::int64_t>(wave.size()) - 1);
+    });
+    const std::int64_t samples = std::clamp<std::int64_t>(std::max(last, end), 0, buffer.Room);
+    buffer.File.reserve(static_cast<std::size_t>(kWavHeader + samples));
+    buffer.File.resize(static_cast<std::size_t>(kWavHeader));
+    WalkStream(tape, [&buffer](std::int64_t position, const std::string& wave) {
+        buffer.Put(position, wave);
+    });
+    return end;
 }
 
 /// The header of a file of so many samples, which declares 44 fewer.

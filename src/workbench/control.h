@@ -27,6 +27,7 @@ enum class ControlKind {
     Frame,
     HorizontalBar,
     VerticalBar,
+    Slider,
     Picture,
     Grid,
     DriveList,
@@ -82,6 +83,7 @@ struct Control {
     std::string Text;  ///< caption, or what stands in a text or combo box
     std::string Tag;
     std::string ToolTip;
+    std::string AccessibleName;  ///< what a screen reader says of it; empty: what it shows itself
     FontKind Font = FontKind::Normal;
     bool RightAligned = false;
     bool WordWrap = false;
@@ -96,7 +98,7 @@ struct Control {
     std::string Path;                   ///< drive, folder and file lists: where they stand
     std::string Pattern;                ///< file list: patterns separated by ";"
 
-    // Scroll bars
+    // Scroll bars and sliders
     int Value = 0;
     int Minimum = 0;
     int Maximum = 0;
@@ -196,7 +198,7 @@ void ClickListEntry(Control& control, int index);
 /// the one chosen; no event runs.
 void SetItem(Control& control, int index, const std::string& item);
 
-/// Stores the value of a scroll bar; runs `Change` when it differs. Outside the bar's range: 9.
+/// Stores the value of a scroll bar or slider; runs `Change` when it differs. Outside its range: 9.
 void SetValue(Control& control, int value);
 
 /// Stores the check of a check box; runs `Click` when it differs.

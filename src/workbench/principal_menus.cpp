@@ -8,6 +8,7 @@
 #include "core/settings.h"
 #include "image/modified_state.h"
 #include "workbench/acerca.h"
+#include "workbench/audio_convert.h"
 #include "workbench/principal.h"
 
 namespace brindlemoor {
@@ -21,7 +22,9 @@ void OptionsMenuClicked(int index) {
                                                "InfoNitros", "AudioConvert", "frmOptions"};
     constexpr int kHeader = 2;
     constexpr int kOs9Info = 3;
+    constexpr int kAudio = 4;
     if (index < 1 || index >= static_cast<int>(std::size(kWindows))) return;
+    if (index == kAudio) OpenAudioConvert();
     Platform.ShowModal(kWindows[index]);
     if (index == kHeader || index == kOs9Info) RefreshModified();
 }

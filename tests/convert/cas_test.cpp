@@ -74,6 +74,18 @@ TEST_F(CasTest, TheFirstByteDecidesTheForm) {
     EXPECT_EQ(Shown(), Texts());
 }
 
+TEST_F(CasTest, AnEmptyFileGivesLeadersANameBlockAndAnEndBlock) {
+    const std::string tape = Cas("", "ABC.DAT", 1).Data;
+    EXPECT_EQ(tape, Leader(128) + TapeBlock(0, NameBody("ABC", 1, 0, 0, kNoFields)) + Leader(128) +
+                        TapeBlock(0xFF, ""));
+}
+
+TEST_F(CasTest, ABinaryOfSeveralSegmentsIsCutAsIfItHadOne) {
+    const std::string binary = Hex("00 0001 1234 41 00 0001 2000 42 00 0001 3000 43 FF 0000 5678");
+    const std::string body = Hex("41 00 0001 2000 42 00 0001 3000 43");
+    EXPECT_EQ(Cas(binary).Data, WholeTape(NameBody("TAPE", 2, 0, 0, Hex("5678 1234")), body));
+}
+
 TEST_F(CasTest, ABinaryMustHaveItsFrameOfTenBytes) {
     EXPECT_EQ(Cas(Hex("00 0000 1234 FF 0000 5678")).Data,
               WholeTape(NameBody("TAPE", 2, 0, 0, Hex("5678 1234")), ""));
@@ -210,6 +222,15 @@ TEST_F(CasTest, TypeAndFlagDecideTheFileOfEachFamily) {
         }
     }
     EXPECT_EQ(Shown(), Texts());
+}
+
+TEST_F(CasTest, ATapeOfAnotherFamilyThanTheTwoGivesNothing) {
+    const std::string tape = WholeTape(NameBody("ABC", 0, 0, 0, kNoFields), "body");
+    for (const int family : std::initializer_list<int>{kOs9, kFlex}) {
+        Disk.DiskFamily = static_cast<std::uint16_t>(family);
+        EXPECT_EQ(Cas(tape).Data, "") << family;
+        EXPECT_EQ(Cas(tape).Name, "ABC.BAS") << family;
+    }
 }
 
 TEST_F(CasTest, DataBlocksAreJoinedAsFarAsTheFirstEndBlock) {

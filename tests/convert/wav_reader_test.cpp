@@ -159,6 +159,14 @@ TEST_F(WavReaderTest, The148IsHighAnd147Low) {
     EXPECT_EQ(Decoded(Tape(samples)), "");
 }
 
+TEST_F(WavReaderTest, SamplesThatNeverReach148GiveNothing) {
+    for (const int high : {100, 147}) {
+        std::string samples = Modulated("tape");
+        for (char& sample : samples) sample = static_cast<char>(sample == '\xF0' ? high : 0);
+        EXPECT_EQ(Decoded(Tape(samples)), "") << high;
+    }
+}
+
 TEST_F(WavReaderTest, OnlyRisingEdgesCount) {
     // The same rising edges with all falling ones elsewhere.
     std::string samples = Modulated("tape");

@@ -12,6 +12,7 @@
 #include "platform/qt/text.h"
 #include "platform/qt/window_widgets.h"
 #include "workbench/acerca.h"
+#include "workbench/audio_convert.h"
 #include "workbench/new_disk.h"
 
 namespace brindlemoor {
@@ -25,8 +26,11 @@ struct ModalRow {
 };
 
 /// The windows that a menu can open, by the name that it asks for.
-const std::array<ModalRow, 2> kModalWindows = {
-    {{"Acerca", &Acerca, false}, {"NewDisk", &NewDisk, true}}};
+const std::array<ModalRow, 3> kModalWindows = {{
+    {"Acerca", &Acerca, false},
+    {"NewDisk", &NewDisk, true},
+    {"AudioConvert", &AudioConvert, true},
+}};
 
 /// The picture of the about box; it is the only picture that a record leaves to the shell.
 void ShowProgramPicture(const WindowWidgets& widgets) {

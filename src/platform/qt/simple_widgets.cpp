@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QSlider>
 #include <QToolTip>
 #include <algorithm>
 
@@ -70,12 +71,28 @@ bool ShortenLabel(QLabel* label, QEvent* event) {
     return true;
 }
 
-QWidget* MakeScrollBar(QWidget* parent, ControlRef place, Qt::Orientation orientation) {
-    auto* bar = new QScrollBar(orientation, parent);
-    QObject::connect(bar, &QScrollBar::valueChanged, bar, [place](int value) {
+void FollowValue(QAbstractSlider* bar, ControlRef place) {
+    QObject::connect(bar, &QAbstractSlider::valueChanged, bar, [place](int value) {
         UserAction([place, value] { SetValue(RecordOf(place), value); });
     });
+}
+
+QWidget* MakeScrollBar(QWidget* parent, ControlRef place, Qt::Orientation orientation) {
+    auto* bar = new QScrollBar(orientation, parent);
+    FollowValue(bar, place);
     return bar;
+}
+
+void ShowValue(QAbstractSlider* bar, const Control& record) {
+    bar->setRange(record.Minimum, record.Maximum);
+    bar->setPageStep(std::max(record.LargeChange, 1));
+    bar->setValue(record.Value);
+}
+
+bool IsEnter(const QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return false;
+    const int key = static_cast<const QKeyEvent*>(event)->key();
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
 }  // namespace
@@ -149,10 +166,10 @@ QWidget* MakeComboBox(QWidget* parent, ControlRef place) {
         box->setEditable(true);
         box->setInsertPolicy(QComboBox::NoInsert);
         box->setCompleter(nullptr);
-        HookEvents(box, [](QEvent* event) {  // Enter would count as picking an equal item
-            if (event->type() != QEvent::KeyPress) return false;
-            const int key = static_cast<QKeyEvent*>(event)->key();
-            return key == Qt::Key_Return || key == Qt::Key_Enter;
+        HookEvents(box, [](QEvent* event) {
+            if (!IsEnter(event)) return false;
+            event->ignore();  // it would count as picking an equal item; it is the dialog's
+            return true;
         });
         QObject::connect(box->lineEdit(), &QLineEdit::textEdited, box,
                          [place](const QString& text) {
@@ -207,6 +224,11 @@ QWidget* MakeButton(QWidget* parent, ControlRef place) {
     auto* button = new QPushButton(parent);
     button->setAutoDefault(false);
     button->setDefault(RecordOf(place).Default);
+    HookEvents(button, [button](QEvent* event) {  // Enter is for the button that has the focus
+        if (!IsEnter(event)) return false;
+        button->click();
+        return true;
+    });
     QObject::connect(button, &QPushButton::clicked, button,
                      [place] { UserAction([place] { Raise(RecordOf(place).Click); }); });
     return button;
@@ -252,10 +274,17 @@ QWidget* MakeVerticalBar(QWidget* parent, ControlRef place) {
 }
 
 void ShowScrollBar(QWidget* widget, const Control& record, const Control& /*shown*/) {
-    auto* bar = static_cast<QScrollBar*>(widget);
-    bar->setRange(record.Minimum, record.Maximum);
-    bar->setPageStep(std::max(record.LargeChange, 1));
-    bar->setValue(record.Value);
+    ShowValue(static_cast<QScrollBar*>(widget), record);
+}
+
+QWidget* MakeSlider(QWidget* parent, ControlRef place) {
+    auto* slider = new QSlider(Qt::Horizontal, parent);
+    FollowValue(slider, place);
+    return slider;
+}
+
+void ShowSlider(QWidget* widget, const Control& record, const Control& /*shown*/) {
+    ShowValue(static_cast<QSlider*>(widget), record);
 }
 
 }  // namespace brindlemoor

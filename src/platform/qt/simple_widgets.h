@@ -33,4 +33,7 @@ QWidget* MakeHorizontalBar(QWidget* parent, ControlRef place);
 QWidget* MakeVerticalBar(QWidget* parent, ControlRef place);
 void ShowScrollBar(QWidget* widget, const Control& record, const Control& shown);
 
+QWidget* MakeSlider(QWidget* parent, ControlRef place);
+void ShowSlider(QWidget* widget, const Control& record, const Control& shown);
+
 }  // namespace brindlemoor

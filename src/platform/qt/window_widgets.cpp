@@ -32,7 +32,7 @@ struct KindRow {
 };
 
 /// Grids are not in the table: they have a record of their own. Hidden controls have no widget.
-constexpr std::array<KindRow, 13> kKinds = {{
+constexpr std::array<KindRow, 14> kKinds = {{
     {ControlKind::Label, MakeLabel, ShowLabel},
     {ControlKind::TextBox, MakeTextBox, ShowTextBox},
     {ControlKind::ComboBox, MakeComboBox, ShowComboBox},
@@ -42,6 +42,7 @@ constexpr std::array<KindRow, 13> kKinds = {{
     {ControlKind::Frame, MakeFrame, nullptr},
     {ControlKind::HorizontalBar, MakeHorizontalBar, ShowScrollBar},
     {ControlKind::VerticalBar, MakeVerticalBar, ShowScrollBar},
+    {ControlKind::Slider, MakeSlider, ShowSlider},
     {ControlKind::Picture, MakePicture, ShowPicture},
     {ControlKind::DriveList, MakeDriveList, ShowDriveList},
     {ControlKind::FolderList, MakeFolderList, ShowFolderList},
@@ -158,6 +159,9 @@ void ShowCommon(QWidget* widget, const Control& record, const Control& shown, bo
     if (widget->isHidden() == record.Visible) widget->setVisible(record.Visible);
     if (record.Kind == ControlKind::Grid) return;
     if (record.ToolTip != shown.ToolTip || first) widget->setToolTip(ToText(record.ToolTip));
+    if (record.AccessibleName != shown.AccessibleName) {
+        widget->setAccessibleName(ToText(record.AccessibleName));
+    }
     const bool coloured =
         record.BackColour != shown.BackColour || record.ForeColour != shown.ForeColour;
     if (coloured) ShowColours(widget, record.BackColour, record.ForeColour);
@@ -168,6 +172,7 @@ void Remember(Control& shown, const Control& record) {
     shown.Name = record.Name;
     shown.Path = record.Path;
     shown.ToolTip = record.ToolTip;
+    shown.AccessibleName = record.AccessibleName;
     shown.BackColour = record.BackColour;
     shown.ForeColour = record.ForeColour;
     if (shown.Items != record.Items) shown.Items = record.Items;

@@ -9,6 +9,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSlider>
 #include <QTest>
 #include <memory>
 #include <string>
@@ -328,6 +329,46 @@ TEST_F(ControlsTest, ColoursFontsAndStateComeFromTheRecord) {
     EXPECT_TRUE(Find<QLineEdit>("gone")->isVisible());
     EXPECT_EQ(Find<QLineEdit>("gone")->x(), 50);
     EXPECT_NE(shown->palette().color(QPalette::Window), QColor(255, 0, 0));
+}
+
+TEST_F(ControlsTest, ASliderMovesWithinItsRangeAndRunsChange) {
+    Control& record = Add("slider", ControlKind::Slider, 0);
+    record.Maximum = 20;
+    record.LargeChange = 5;
+    record.Value = 18;
+    Build();
+    auto* slider = Find<QSlider>("slider");
+    EXPECT_EQ(slider->value(), 18);
+    slider->setFocus();
+    QTest::keyClick(slider, Qt::Key_Right);
+    QTest::keyClick(slider, Qt::Key_PageUp);
+    QTest::keyClick(slider, Qt::Key_PageUp);
+    EXPECT_EQ(Record("slider").Value, 20);
+    EXPECT_EQ(Events, (Names{"slider change", "slider change"}));
+    Record("slider").Value = 3;
+    RefreshWindows();
+    EXPECT_EQ(slider->value(), 3);
+}
+
+TEST_F(ControlsTest, EnterPressesTheButtonThatHasTheFocus) {
+    Add("one", ControlKind::Button, 0);
+    Add("two", ControlKind::Button, 1);
+    Build();
+    auto* two = Find<QPushButton>("two");
+    two->setFocus();
+    Events.clear();
+    QTest::keyClick(two, Qt::Key_Return);
+    QTest::keyClick(two, Qt::Key_Enter);
+    EXPECT_EQ(Events, (Names{"two click", "two click"}));
+}
+
+TEST_F(ControlsTest, AScreenReaderSaysTheNameOfAControl) {
+    Add("box", ControlKind::ComboBox, 0).AccessibleName = "Pa\xF1uelo:";
+    Build();
+    EXPECT_EQ(Find<QComboBox>("box")->accessibleName(), QStringLiteral("Pa\u00F1uelo:"));
+    Record("box").AccessibleName = "Other";
+    RefreshWindows();
+    EXPECT_EQ(Find<QComboBox>("box")->accessibleName(), QStringLiteral("Other"));
 }
 
 TEST_F(ControlsTest, AControlAddedLaterGetsItsWidget) {
