@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cmath>
 
+#include "core/byte_helpers.h"
 #include "core/numbers.h"
 #include "core/runtime_failure.h"
 
@@ -56,6 +57,16 @@ std::string DayText(int day) {
            FormatNumber(static_cast<int>(date.year()), "0000");
 }
 
+/// True where `text` has a digit for each "0" of `form`, and its other characters as they stand.
+bool HasForm(const std::string& text, const std::string& form) {
+    if (text.size() != form.size()) return false;
+    for (std::size_t i = 0; i < form.size(); ++i) {
+        const bool digit = text[i] >= '0' && text[i] <= '9';
+        if (form[i] == '0' ? !digit : text[i] != form[i]) return false;
+    }
+    return true;
+}
+
 std::string TimeText(int secondOfDay) {
     return FormatNumber(secondOfDay / 3600, "00") + ":" + FormatNumber(secondOfDay / 60 % 60, "00");
 }
@@ -73,6 +84,25 @@ std::string DateText(double date) {
 std::string DateAndTimeText(double date) {
     const DateParts parts = PartsOf(date);
     return DayText(parts.Day) + " " + TimeText(parts.SecondOfDay);
+}
+
+double DateOfText(const std::string& text) {
+    constexpr const char* kDay = "00/00/0000";
+    const std::string date = Trim(text);
+    if (date.empty()) return 0;
+    const bool withTime = HasForm(date, std::string(kDay) + " 00:00");
+    if (!withTime && !HasForm(date, kDay)) Fail(kTypeMismatch);
+    const auto numberAt = [&date](std::int64_t offset, std::int64_t length) {
+        return TextAsInteger(CutBytes(date, offset, length));
+    };
+    CalendarTime time{numberAt(6, 4), numberAt(3, 2), numberAt(0, 2), 0, 0};
+    if (withTime) {
+        time.Hour = numberAt(11, 2);
+        time.Minute = numberAt(14, 2);
+    }
+    double value = 0;
+    if (!DateFromCalendar(time, value)) Fail(kTypeMismatch);
+    return value;
 }
 
 double DayCount(int year, int month, int day) {

@@ -13,6 +13,10 @@ std::string DateText(double date);
 /// `date` as "dd/mm/yyyy hh:mm", the form of the disk's title line.
 std::string DateAndTimeText(double date);
 
+/// The date of a text that `DateText` made: 0 for a blank one. Fails with 13 on any other text, and
+/// on a day or time that does not exist.
+double DateOfText(const std::string& text);
+
 /// The day count of a day of the calendar, at midnight. `month` 1 to 12, `day` from 1.
 double DayCount(int year, int month, int day);
 

@@ -265,6 +265,10 @@ double TextAsNumber(const std::string& text) {
     return negative ? -value : value;
 }
 
+std::uint8_t WholeNumber8(double value) {
+    return static_cast<std::uint8_t>(RoundedWithin(value, 0, 255.0));
+}
+
 std::int16_t WholeNumber16(double value) {
     return static_cast<std::int16_t>(RoundedWithin(value, -32768.0, 32767.0));
 }

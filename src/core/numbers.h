@@ -17,6 +17,9 @@ double TypedNumber(const std::string& text);
 /// with 13.
 double TextAsNumber(const std::string& text);
 
+/// `value` as a byte, 0 to 255, halves to the even neighbour. Fails with 6 outside.
+std::uint8_t WholeNumber8(double value);
+
 /// `value` as a whole number, halves to the even neighbour. Fails with 6 outside 16, or 32, bits.
 std::int16_t WholeNumber16(double value);
 std::int32_t WholeNumber32(double value);

@@ -26,6 +26,7 @@ PlatformTable SilentPlatform() {
         return std::string();
     };
     table.FileDialog = [](FileQuestion&) { return std::string(); };
+    table.ChooseColour = [](std::int32_t colour) { return colour; };
     table.ShowModal = [](const std::string&) {};
     table.ShowWindow = [](const std::string&) {};
     table.PopupMenu = [](const std::string&) {};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -52,6 +53,10 @@ struct PlatformTable {
     /// Shows the system's file dialog and returns the whole path chosen; empty when the user gave
     /// up.
     std::function<std::string(FileQuestion& question)> FileDialog;
+
+    /// Shows the system's colour chooser, standing on `colour` (0x00BBGGRR), and returns the colour
+    /// chosen; the one that it stood on when the user gave up.
+    std::function<std::int32_t(std::int32_t colour)> ChooseColour;
 
     /// Shows the window of that name, and returns when it was closed.
     std::function<void(const std::string& window)> ShowModal;

@@ -28,6 +28,7 @@ enum class ControlKind {
     HorizontalBar,
     VerticalBar,
     Slider,
+    TabStrip,  ///< its items are the tabs
     Picture,
     Grid,
     DriveList,
@@ -88,6 +89,7 @@ struct Control {
     bool RightAligned = false;
     bool WordWrap = false;
     bool ReadOnly = false;  ///< text box that only shows
+    int MostLetters = 0;    ///< that can be typed into a text box of one line; 0: no limit
 
     std::vector<std::string> Items;     ///< lists: what is shown
     std::vector<std::string> ItemTags;  ///< drive and folder lists: the path of each item

@@ -40,6 +40,11 @@ Control Within(const std::string& frame, Control control) {
     return control;
 }
 
+Control Spoken(const std::string& caption, Control control) {
+    control.AccessibleName = caption.substr(0, caption.find_last_not_of(" :") + 1);
+    return control;
+}
+
 Control Invisible(Control control) {
     control.Visible = false;
     return control;

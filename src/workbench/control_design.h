@@ -30,6 +30,10 @@ Control WithFont(Control control, FontKind font);
 /// The control inside a frame of the window.
 Control Within(const std::string& frame, Control control);
 
+/// The control with what a screen reader says of it: the caption that stands beside it, without
+/// the colons at its end.
+Control Spoken(const std::string& caption, Control control);
+
 Control Invisible(Control control);
 
 }  // namespace brindlemoor

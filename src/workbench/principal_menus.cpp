@@ -9,22 +9,32 @@
 #include "image/modified_state.h"
 #include "workbench/acerca.h"
 #include "workbench/audio_convert.h"
+#include "workbench/colour_options.h"
+#include "workbench/header_info.h"
+#include "workbench/info_nitros.h"
 #include "workbench/principal.h"
 
 namespace brindlemoor {
 
 namespace {
 
+enum OptionsItem : int { kColours = 1, kHeader = 2, kOs9Info = 3, kAudio = 4 };
+
+/// Fills a window with what it is about to show.
+void FillWindow(int index) {
+    if (index == kColours) OpenColourOptions();
+    if (index == kHeader) OpenHeaderInfo();
+    if (index == kOs9Info) LoadInfoDialog();
+    if (index == kAudio) OpenAudioConvert();
+}
+
 /// Item 0 leads to the menu of the languages. The two windows that edit the open image show
 /// afterwards whether it differs from its file.
 void OptionsMenuClicked(int index) {
     static constexpr const char* kWindows[] = {"",           "Opciones",     "HeaderInfo",
                                                "InfoNitros", "AudioConvert", "frmOptions"};
-    constexpr int kHeader = 2;
-    constexpr int kOs9Info = 3;
-    constexpr int kAudio = 4;
     if (index < 1 || index >= static_cast<int>(std::size(kWindows))) return;
-    if (index == kAudio) OpenAudioConvert();
+    FillWindow(index);
     Platform.ShowModal(kWindows[index]);
     if (index == kHeader || index == kOs9Info) RefreshModified();
 }

@@ -15,11 +15,14 @@
 #include "core/settings.h"
 #include "core/settings_start.h"
 #include "workbench/archivos.h"
+#include "workbench/colour_options.h"
 #include "workbench/directory_grid.h"
 #include "workbench/directory_totals.h"
 #include "workbench/file_drag.h"
 #include "workbench/file_popup.h"
 #include "workbench/files_menu.h"
+#include "workbench/header_info.h"
+#include "workbench/info_nitros.h"
 #include "workbench/new_disk.h"
 #include "workbench/pc_pane.h"
 #include "workbench/principal.h"
@@ -29,6 +32,7 @@
 #include "workbench/row_click.h"
 #include "workbench/screen_entries.h"
 #include "workbench/sector_events.h"
+#include "workbench/spare_options.h"
 #include "workbench/window_layout.h"
 
 namespace brindlemoor {
@@ -76,6 +80,10 @@ void BuildPrincipal() {
     TotalsLines = {};
     Archivos = Window();
     BuildNewDisk();
+    BuildHeaderInfo();
+    BuildInfoNitros();
+    BuildColourOptions();
+    BuildSpareOptions();
     Principal.Name = "Principal";
     Principal.Caption = "Brindlemoor";
     Principal.Controls = DesignedControls();

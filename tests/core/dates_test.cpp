@@ -29,6 +29,23 @@ TEST(DateText, PutsTheDayBeforeTheMonth) {
     EXPECT_EQ(DateText(DayCount(2024, 12, 31)), "31/12/2024");
 }
 
+TEST(DateOfText, ReadsBackWhatDateTextShows) {
+    for (const double date : {0.0, 0.5, DayCount(1987, 3, 9), DayCount(2024, 2, 29) + 0.25,
+                              DayCount(1850, 1, 1), DayCount(9999, 12, 31)}) {
+        EXPECT_EQ(DateOfText(DateText(date)), date);
+    }
+    EXPECT_EQ(DateOfText("   "), 0);
+    EXPECT_EQ(DateOfText(" 09/03/1987 "), DayCount(1987, 3, 9));
+}
+
+TEST(DateOfText, FailsOnAnyOtherText) {
+    for (const char* text : {"x", "9/3/1987", "09/03/87", "09-03-1987", "31/04/1987", "00/03/1987",
+                             "09/13/1987", "09/03/1987 6:00", "09/03/1987 24:00", "09/03/1987 06",
+                             "09/03/1987 06:60", "09/03/1987  06:00", "0x/03/1987", "06:00"}) {
+        EXPECT_EQ(FailureOf([text] { DateOfText(text); }), 13) << text;
+    }
+}
+
 TEST(DateText, OfDay0IsBlank) {
     EXPECT_EQ(DateText(0), "");
 }

@@ -58,6 +58,14 @@ TEST(TextAsNumber, AnUnthinkableNumberFailsWith6) {
     EXPECT_EQ(FailureOf([] { LeadingNumber(std::string(400, '9')); }), kOverflow);
 }
 
+TEST(WholeNumber8, RoundsHalvesToEvenAndFailsOutsideAByte) {
+    EXPECT_EQ(WholeNumber8(255.4), 255);
+    EXPECT_EQ(WholeNumber8(2.5), 2);
+    EXPECT_EQ(WholeNumber8(-0.5), 0);
+    EXPECT_EQ(FailureOf([] { WholeNumber8(255.5); }), 6);
+    EXPECT_EQ(FailureOf([] { WholeNumber8(-1); }), 6);
+}
+
 TEST(WholeNumber, RoundsHalvesToTheEvenNeighbour) {
     EXPECT_EQ(WholeNumber16(0.5), 0);
     EXPECT_EQ(WholeNumber16(1.5), 2);

@@ -22,6 +22,7 @@ TEST(SilentPlatform, DoesAndFindsNothing) {
     EXPECT_FALSE(table.OpenWebPage("address"));
     EXPECT_FALSE(table.StartProgram("program", {}));
     EXPECT_TRUE(table.ListDrives().empty());
+    EXPECT_EQ(table.ChooseColour(0x112233), 0x112233);
     table.ShowModal("window");
     table.PopupMenu("menu");
     table.CloseMainWindow();

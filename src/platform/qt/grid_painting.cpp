@@ -20,6 +20,12 @@ QColor BackColourOf(const GridModel& model, const GridCell& cell, int modelRow) 
     return ColourOf(alternate ? grid.AlternateRowBackColour : grid.BackColour);
 }
 
+/// The usual ink, or white on a row that the user gave a dark colour.
+QColor InkOn(const QColor& back, const QPalette& palette) {
+    const bool dark = qGray(back.rgb()) < 128;
+    return dark ? QColor(Qt::white) : palette.color(QPalette::Text);
+}
+
 int TextWidth(const QString& text) {
     return static_cast<int>(text.size()) * kGridCharacterWidth + 2 * kGridCellMargin;
 }
@@ -36,7 +42,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const auto group = active ? QPalette::Active : QPalette::Inactive;
     const QColor back = selected ? option.palette.color(group, QPalette::Highlight)
                                  : BackColourOf(model, *cell, index.row());
-    QColor fore = option.palette.color(QPalette::Text);
+    QColor fore = InkOn(back, option.palette);
     if (cell->ForeColour != kNoColour) fore = ColourOf(cell->ForeColour);
     if (selected) fore = option.palette.color(group, QPalette::HighlightedText);
     painter->fillRect(option.rect, back);

@@ -13,7 +13,11 @@
 #include "platform/qt/window_widgets.h"
 #include "workbench/acerca.h"
 #include "workbench/audio_convert.h"
+#include "workbench/colour_options.h"
+#include "workbench/header_info.h"
+#include "workbench/info_nitros.h"
 #include "workbench/new_disk.h"
+#include "workbench/spare_options.h"
 
 namespace brindlemoor {
 
@@ -26,10 +30,14 @@ struct ModalRow {
 };
 
 /// The windows that a menu can open, by the name that it asks for.
-const std::array<ModalRow, 3> kModalWindows = {{
+const std::array<ModalRow, 7> kModalWindows = {{
     {"Acerca", &Acerca, false},
     {"NewDisk", &NewDisk, true},
     {"AudioConvert", &AudioConvert, true},
+    {"HeaderInfo", &HeaderInfo, true},
+    {"InfoNitros", &InfoNitros, true},
+    {"Opciones", &Opciones, false},
+    {"frmOptions", &SpareOptions, true},
 }};
 
 /// The picture of the about box; it is the only picture that a record leaves to the shell.
@@ -42,11 +50,19 @@ void ShowProgramPicture(const WindowWidgets& widgets) {
     place->hide();
 }
 
+// The shell's own button looks as those of the windows' tables do.
+constexpr QSize kButtonSize(96, 28);
+constexpr int kButtonMargin = 12;
+
 void AddOkButton(QDialog& dialog) {
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, &dialog);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    buttons->setContentsMargins(0, 0, kButtonMargin, 0);
     dialog.layout()->addWidget(buttons);
-    buttons->button(QDialogButtonBox::Ok)->setFocus();
+    QPushButton* button = buttons->button(QDialogButtonBox::Ok);
+    button->setIcon(QIcon());
+    button->setFixedSize(kButtonSize);
+    button->setFocus();
 }
 
 /// A window of its own buttons closes when its record says so; closing it by Escape or the frame's

@@ -1,5 +1,7 @@
 #include "platform/qt/qt_platform.h"
 
+#include <QApplication>
+#include <QColorDialog>
 #include <QDesktopServices>
 #include <QDir>
 #include <QInputDialog>
@@ -10,6 +12,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/qt/colours.h"
 #include "platform/qt/detached_window.h"
 #include "platform/qt/file_dialog_box.h"
 #include "platform/qt/menus.h"
@@ -23,8 +26,10 @@ namespace brindlemoor {
 
 namespace {
 
-/// The window that a box belongs to; none before the main window is on the screen.
+/// The window that a box belongs to: the dialog that stands open, else the main window; none before
+/// that is on the screen.
 QWidget* BoxParent() {
+    if (QWidget* dialog = QApplication::activeModalWidget()) return dialog;
     QWidget* window = Shell.MainWindow;
     return window != nullptr && window->isVisible() ? window : nullptr;
 }
@@ -93,6 +98,13 @@ std::string RunTextBox(const std::string& prompt, const std::string& title,
     return accepted ? EditedBytes(suggestion, text) : std::string();
 }
 
+std::int32_t RunColourChooser(std::int32_t colour) {
+    RefreshWindows();
+    const QColor chosen = QColorDialog::getColor(ColourOf(colour), BoxParent());
+    if (!chosen.isValid()) return colour;
+    return chosen.red() | (chosen.green() << 8) | (chosen.blue() << 16);
+}
+
 bool StartDetached(const std::string& program, const std::vector<std::string>& arguments) {
     QStringList list;
     for (const std::string& argument : arguments) list << ToText(argument);
@@ -141,6 +153,7 @@ PlatformTable QtPlatform() {
     table.ShowMessage = RunMessageBox;
     table.AskText = RunTextBox;
     table.FileDialog = RunFileDialog;
+    table.ChooseColour = RunColourChooser;
     table.ShowModal = [](const std::string& window) {
         RefreshWindows();
         RunModalWindow(window);

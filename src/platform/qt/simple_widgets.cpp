@@ -134,6 +134,8 @@ QWidget* MakeTextBox(QWidget* parent, ControlRef place) {
         return box;
     }
     auto* box = new QLineEdit(parent);
+    const int most = RecordOf(place).MostLetters;
+    if (most > 0) box->setMaxLength(most);
     QObject::connect(box, &QLineEdit::textEdited, box, [place](const QString& text) {
         UserAction([place, text] {
             Control& record = RecordOf(place);
@@ -179,6 +181,13 @@ QWidget* MakeComboBox(QWidget* parent, ControlRef place) {
                              });
                          });
     }
+    HookEvents(box, [place](QEvent* event) {
+        const bool pressed = event->type() == QEvent::MouseButtonPress;
+        if (pressed && RecordOf(place).MouseDown) {
+            UserAction([place] { RecordOf(place).MouseDown(MouseAt()); });
+        }
+        return false;
+    });
     QObject::connect(box, &QComboBox::activated, box, [place](int index) {
         UserAction([place, index] { ClickListEntry(RecordOf(place), index); });
     });
@@ -198,8 +207,11 @@ void ShowComboBox(QWidget* widget, const Control& record, const Control& shown) 
     const bool typing = box->isEditable() && box->hasFocus();
     const int cursor = typing ? box->lineEdit()->cursorPosition() : 0;
     if (box->currentIndex() != record.ListIndex) box->setCurrentIndex(record.ListIndex);
-    if (!box->isEditable()) return;
     const QString text = ToText(record.Text);
+    if (!box->isEditable()) {  // a text that is no item shows while none is chosen
+        if (box->placeholderText() != text) box->setPlaceholderText(text);
+        return;
+    }
     if (box->lineEdit()->text() == text) return;
     box->setEditText(text);
     box->lineEdit()->setCursorPosition(cursor);
@@ -231,6 +243,9 @@ QWidget* MakeButton(QWidget* parent, ControlRef place) {
     });
     QObject::connect(button, &QPushButton::clicked, button,
                      [place] { UserAction([place] { Raise(RecordOf(place).Click); }); });
+    // Enter presses the default button from any field, which is left by that as by the mouse.
+    QObject::connect(button, &QPushButton::pressed, button,
+                     [button] { button->setFocus(Qt::OtherFocusReason); });
     return button;
 }
 

@@ -15,6 +15,7 @@
 #include "platform/qt/picture_widget.h"
 #include "platform/qt/shell.h"
 #include "platform/qt/simple_widgets.h"
+#include "platform/qt/tab_strip.h"
 #include "platform/qt/text.h"
 #include "workbench/principal.h"
 
@@ -32,7 +33,7 @@ struct KindRow {
 };
 
 /// Grids are not in the table: they have a record of their own. Hidden controls have no widget.
-constexpr std::array<KindRow, 14> kKinds = {{
+constexpr std::array<KindRow, 15> kKinds = {{
     {ControlKind::Label, MakeLabel, ShowLabel},
     {ControlKind::TextBox, MakeTextBox, ShowTextBox},
     {ControlKind::ComboBox, MakeComboBox, ShowComboBox},
@@ -43,6 +44,7 @@ constexpr std::array<KindRow, 14> kKinds = {{
     {ControlKind::HorizontalBar, MakeHorizontalBar, ShowScrollBar},
     {ControlKind::VerticalBar, MakeVerticalBar, ShowScrollBar},
     {ControlKind::Slider, MakeSlider, ShowSlider},
+    {ControlKind::TabStrip, MakeTabStrip, ShowTabStrip},
     {ControlKind::Picture, MakePicture, ShowPicture},
     {ControlKind::DriveList, MakeDriveList, ShowDriveList},
     {ControlKind::FolderList, MakeFolderList, ShowFolderList},

@@ -64,6 +64,13 @@ PlatformTable ScriptedPlatform(Script& script) {
         script.Files.pop_front();
         return chosen;
     };
+    table.ChooseColour = [&script](std::int32_t colour) {
+        script.ColourQuestions.push_back(colour);
+        if (script.Colours.empty()) return colour;
+        const std::int32_t chosen = script.Colours.front();
+        script.Colours.pop_front();
+        return chosen;
+    };
     table.ShowModal = [&script](const std::string& window) {
         script.ModalWindows.push_back(window);
         if (script.OnModal) script.OnModal(window);

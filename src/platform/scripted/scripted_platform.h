@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <string>
@@ -39,6 +40,7 @@ struct Script {
     std::deque<Answer> Answers;     ///< taken by message boxes, first to last
     std::deque<std::string> Texts;  ///< taken by text prompts, first to last; then empty texts
     std::deque<std::string> Files;  ///< taken by file dialogs, first to last; then none is chosen
+    std::deque<std::int32_t> Colours;  ///< taken by colour choosers; then the user gives up
     std::vector<DriveEntry> Drives;
     bool ProgramsStart = true;  ///< what `StartProgram` and `OpenWebPage` answer
     std::function<void(const ShownMessage&)> OnMessage;  ///< runs while the box stands open
@@ -49,6 +51,7 @@ struct Script {
     std::vector<ShownMessage> Messages;
     std::vector<ShownPrompt> Prompts;
     std::vector<FileQuestion> FileQuestions;
+    std::vector<std::int32_t> ColourQuestions;  ///< the colours that the choosers stood on
     std::vector<std::string> ModalWindows;
     std::vector<std::string> Windows;  ///< shown beside the main window
     std::vector<std::string> PopupMenus;

@@ -53,6 +53,15 @@ TEST(ScriptedPlatform, PromptsTakeTheTextsAndThenEmptyOnes) {
     EXPECT_EQ(script.Prompts[0].Given, "NEW.BAS");
 }
 
+TEST(ScriptedPlatform, ColourChoosersTakeTheColoursAndThenGiveUp) {
+    Script script;
+    script.Colours = {0x112233};
+    const PlatformTable table = ScriptedPlatform(script);
+    EXPECT_EQ(table.ChooseColour(5), 0x112233);
+    EXPECT_EQ(table.ChooseColour(6), 6);
+    EXPECT_EQ(script.ColourQuestions, (std::vector<std::int32_t>{5, 6}));
+}
+
 TEST(ScriptedPlatform, WhatIsStartedShownAndClosedIsRecorded) {
     Script script;
     std::string popped;
