@@ -10,10 +10,12 @@ namespace brindlemoor {
 inline constexpr std::int16_t kPcSide = 0;
 inline constexpr std::int16_t kDiskSide = 100;
 
-/// The item of `PopMenu` that shows files in the window `Archivos`.
+/// Items of `PopMenu` by their place. The last two are also reached by a drop and by the Delete
+/// key.
 inline constexpr int kViewCommand = 0;
-
-/// Items of `PopMenu` that are also reached by a drop and by the Delete key.
+inline constexpr int kEditCommand = 1;
+inline constexpr int kEditBytesCommand = 2;
+inline constexpr int kPaintCommand = 3;
 inline constexpr int kSaveCommand = 6;
 inline constexpr int kDeleteCommand = 7;
 
@@ -23,9 +25,10 @@ inline constexpr int kFirstConversion = 20;
 /// The list whose selection the next file command works on.
 extern std::int16_t PopupSide;
 
-/// The file commands, on the selection of the list of `PopupSide`. Only `kViewCommand` exists: each
-/// file selected becomes `Disk.PcFileBytes` and comes into the window `Archivos`, which shows the
-/// last of them. Any other index does nothing.
+/// The file commands, on the selection of the list of `PopupSide` as it is at the start, file by
+/// file. The commands are tied to the places of the menus' items, not to their words; an index
+/// without a command does nothing. The first Cancel ends the run, and what is done stays done. What
+/// a command does is told in `pc_commands` and `disk_commands`.
 void FileCommand(int index);
 
 /// Runs the file command `index` (the place in `PopMenu`, or `kFirstConversion` and the place in

@@ -4,6 +4,7 @@
 
 #if __has_include(<unistd.h>)
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -20,6 +21,12 @@ bool WriteBytes(std::FILE* file, const std::string& bytes) {
 
 #if __has_include(<unistd.h>)
 
+std::FILE* OpenPrivateFile(const std::string& path) {
+    const int handle =
+        open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    return handle < 0 ? nullptr : fdopen(handle, "wb");
+}
+
 bool FlushFile(std::FILE* file) {
     return fsync(fileno(file)) == 0;
 }
@@ -32,6 +39,10 @@ void FlushNames(const std::string& folder) {
 }
 
 #else
+
+std::FILE* OpenPrivateFile(const std::string& path) {
+    return std::fopen(path.c_str(), "wbx");
+}
 
 bool FlushFile(std::FILE* file) {
     return std::fflush(file) == 0;
@@ -46,6 +57,7 @@ void FlushNames(const std::string& /*folder*/) {}
 FileOperationTable SystemFileOperations() {
     FileOperationTable table;
     table.OpenNew = [](const std::string& path) { return std::fopen(path.c_str(), "wbx"); };
+    table.OpenPrivate = OpenPrivateFile;
     table.SetPermissions = [](const std::string& path, fs::perms permissions) {
         std::error_code error;
         fs::permissions(path, permissions, error);

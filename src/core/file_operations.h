@@ -8,11 +8,14 @@
 
 namespace brindlemoor {
 
-/// What replacing a file asks of the system, step by step, so that tests can have each step fail.
-/// The entries that return a truth leave the reason of a failure in `errno`.
+/// What replacing a file, or making a temporary one, asks of the system, step by step, so that
+/// tests can have each step fail. The entries that return a truth leave the reason of a failure in
+/// `errno`.
 struct FileOperationTable {
     /// Makes a new file for writing; null when one of that name is there already.
     std::function<std::FILE*(const std::string& path)> OpenNew;
+    /// The same for a file that the user alone may read and write, from its first moment on.
+    std::function<std::FILE*(const std::string& path)> OpenPrivate;
     std::function<std::error_code(const std::string& path, std::filesystem::perms permissions)>
         SetPermissions;
     std::function<bool(std::FILE* file, const std::string& bytes)> Write;

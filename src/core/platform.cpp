@@ -31,7 +31,10 @@ PlatformTable SilentPlatform() {
     table.ShowWindow = [](const std::string&) {};
     table.PopupMenu = [](const std::string&) {};
     table.DrawText = [](Picture&, const TextLine&) {};
+    table.SavePicture = [](const Picture&) { return std::string(); };
+    table.LoadPicture = [](const std::string&, Picture&) { return false; };
     table.OpenWebPage = [](const std::string&) { return false; };
+    table.HasProgram = [](const std::string&) { return false; };
     table.StartProgram = [](const std::string&, const std::vector<std::string>&) { return false; };
     table.ListDrives = [] { return std::vector<DriveEntry>(); };
     table.CloseMainWindow = [] {};

@@ -72,10 +72,21 @@ struct PlatformTable {
     /// Draws a line of text into a picture, in the fixed-pitch font of the window.
     std::function<void(Picture& picture, const TextLine& line)> DrawText;
 
+    /// The bytes of a picture file that holds the picture, as paint programs read it.
+    std::function<std::string(const Picture& picture)> SavePicture;
+
+    /// Makes `picture` the picture in the bytes of a picture file of any usual kind. False, with
+    /// `picture` as it was, when there is none in them.
+    std::function<bool(const std::string& bytes, Picture& picture)> LoadPicture;
+
     /// Opens a page of the web in the user's browser. False when that is not possible.
     std::function<bool(const std::string& address)> OpenWebPage;
 
-    /// Starts a program with its arguments, without waiting. False when it cannot be started.
+    /// True when a program is there to be started: a path, or a name that the system looks for.
+    std::function<bool(const std::string& program)> HasProgram;
+
+    /// Starts a program with its arguments, without waiting. Each argument arrives byte for byte;
+    /// no shell sees it. False when it cannot be started.
     std::function<bool(const std::string& program, const std::vector<std::string>& arguments)>
         StartProgram;
 

@@ -16,6 +16,8 @@ ScreenTable NoScreen() {
     table.GiveUpColumnSort = [] {};
     table.SelectedRows = [] { return std::vector<int>(); };
     table.EditFat = [] {};
+    table.OpenPaintSurface = [](int, int) { return PaintSurface{nullptr, [] {}}; };
+    table.RefreshPcFiles = [] {};
     table.PcListFolder = [] { return std::string(); };
     table.PcListName = [] { return std::string(); };
     table.PcSelectedNames = [] { return std::vector<std::string>(); };

@@ -5,7 +5,15 @@
 #include <string>
 #include <vector>
 
+#include "core/picture.h"
+
 namespace brindlemoor {
+
+/// The picture `Archivo` while a paint program has what stands in it.
+struct PaintSurface {
+    Picture* Image = nullptr;        ///< null: there is no window
+    std::function<void()> GiveBack;  ///< gives the control its own size again
+};
 
 /// What the disk, file and settings routines ask of the main window. Every entry does nothing
 /// until the workbench puts its own in, so that those routines run with no window at all.
@@ -23,7 +31,11 @@ struct ScreenTable {
     std::function<std::vector<int>()> SelectedRows;  ///< rows of `DirTable`, in the grid's order
     std::function<void()> EditFat;  ///< offers the FAT editor, and looks at the image behind it
 
+    /// Gives the picture `Archivo` that size in pixels and has the viewer draw into it.
+    std::function<PaintSurface(int width, int height)> OpenPaintSurface;
+
     // The files of the PC
+    std::function<void()> RefreshPcFiles;       ///< lists the folder of `File1` anew
     std::function<std::string()> PcListFolder;  ///< folder of `File1`
     std::function<std::string()> PcListName;    ///< name selected in `File1`, or empty
     std::function<std::vector<std::string>()> PcSelectedNames;  ///< selected in `File1`, in order

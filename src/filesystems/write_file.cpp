@@ -52,6 +52,13 @@ struct Before {
     }
 };
 
+/// How a writing ended.
+enum class Ending {
+    Written,  ///< or told that it does not fit: the grid is filled
+    Refused,  ///< by a message; the grid stays
+    GivenUp,  ///< by the user, at the question for another name
+};
+
 /// A row of the table, and whether it was that of a deleted file.
 struct RowChoice {
     int Row = 0;
@@ -144,19 +151,21 @@ void RefreshGrid() {
     Disk.DirCount = row;
 }
 
-/// The whole writing but for the grid. Returns whether the grid is to be filled.
-bool WriteFile(std::string path, bool overwrite, std::string& data, Before& before) {
-    if (data.empty() && !LoadPcFile("A", path, data, 0)) return false;
+/// The whole writing but for the grid.
+Ending WriteFile(std::string path, bool overwrite, std::string& data, Before& before) {
+    if (data.empty() && !LoadPcFile("A", path, data, 0)) return Ending::Refused;
     DiskFileName name;
     std::int64_t oldSectors = 0;
-    if (!SettleName(path, overwrite, name, oldSectors)) return false;
+    if (!SettleName(path, overwrite, name, oldSectors)) return Ending::GivenUp;
     const RowChoice choice = ChooseRow();
     if (choice.Row > Disk.MaxDirEntries) {
         ShowDiskMessage(MessageText(kNoEntryMessage));
-        return false;
+        return Ending::Refused;
     }
     const SpaceNeed need = SpaceNeedOf(static_cast<std::int64_t>(data.size()), oldSectors);
-    if (!FitsOnDisk(need, name)) return Disk.DiskFamily != kFlex;
+    if (!FitsOnDisk(need, name)) {
+        return Disk.DiskFamily != kFlex ? Ending::Written : Ending::Refused;
+    }
 
     before.Entry = DirTable[choice.Row];
     before.Row = choice.Row;
@@ -164,23 +173,24 @@ bool WriteFile(std::string path, bool overwrite, std::string& data, Before& befo
     Disk.DirCount = choice.Row;
     FillRow(DirTable[choice.Row], name, need, data);
     if (oldSectors > 0) DeleteDiskFile(name.Text);
-    if (!PlaceFile(data)) return false;
+    if (!PlaceFile(data)) return Ending::Refused;
     if (choice.Reused) --Disk.DeletedCount;
-    return true;
+    return Ending::Written;
 }
 
 }  // namespace
 
-void WriteFileToDisk(const std::string& path, bool overwrite, std::string& data) {
+bool WriteFileToDisk(const std::string& path, bool overwrite, std::string& data) {
     Before before;
-    bool refresh = false;
-    const auto failure = FailureOfStep([&] { refresh = WriteFile(path, overwrite, data, before); });
+    Ending ending = Ending::Refused;
+    const auto failure = FailureOfStep([&] { ending = WriteFile(path, overwrite, data, before); });
     if (failure) {
         before.PutBack();
         ShowFailure(*failure);
-        return;
+        return true;
     }
-    if (refresh) RefreshGrid();
+    if (ending == Ending::Written) RefreshGrid();
+    return ending != Ending::GivenUp;
 }
 
 }  // namespace brindlemoor

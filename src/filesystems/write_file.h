@@ -24,10 +24,10 @@ namespace brindlemoor {
 /// file: nothing is changed then. `Messages[17]` when a DECB disk runs out of granules all the
 /// same: the row stays as it was filled. `DirCount` is left at the row that was placed.
 ///
-/// A failure (9 when the table has no such row or a name with "[]" upsets a message, 7 when the
-/// search for a sector of a Dragon disk never ends) brings up the error box, and rows, image and
-/// `PcFileTypeText` are as they were. The filling of the directory grid at the end is not part of
-/// this.
-void WriteFileToDisk(const std::string& path, bool overwrite, std::string& data);
+/// False only when the user gave that question up. A failure (9 when the table has no such row or a
+/// name with "[]" upsets a message, 7 when the search for a sector of a Dragon disk never ends)
+/// brings up the error box, and rows, image and `PcFileTypeText` are as they were. The filling of
+/// the directory grid at the end is not part of this.
+bool WriteFileToDisk(const std::string& path, bool overwrite, std::string& data);
 
 }  // namespace brindlemoor

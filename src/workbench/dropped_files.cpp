@@ -1,11 +1,16 @@
 #include "workbench/dropped_files.h"
 
 #include <algorithm>
+#include <filesystem>
 
+#include "convert/file_commands.h"
+#include "convert/pc_commands.h"
 #include "core/byte_helpers.h"
+#include "core/disk_state.h"
 #include "core/pc_folders.h"
 #include "core/runtime_failure.h"
 #include "image/open_image.h"
+#include "workbench/file_drag.h"
 #include "workbench/pc_pane.h"
 #include "workbench/principal.h"
 
@@ -35,6 +40,10 @@ void ShowInSpiteOfPattern(const std::string& name) {
     SetText(patterns, kAnyFile);
 }
 
+bool IsFileOfPc(const std::string& path) {
+    return path.find('\0') == std::string::npos && FileExists(path);
+}
+
 }  // namespace
 
 bool TakesDroppedFiles(const std::vector<std::string>& paths) {
@@ -58,6 +67,22 @@ void DropFilesFromOutside(const std::vector<std::string>& paths) {
     const auto found = std::find(files.Items.begin(), files.Items.end(), name);
     if (found == files.Items.end()) return;
     ClickListEntry(files, static_cast<int>(found - files.Items.begin()));
+}
+
+bool TakesFilesForDisk(const std::vector<std::string>& paths) {
+    return !Disk.ImageBytes.empty() && !paths.empty() &&
+           std::all_of(paths.begin(), paths.end(), IsFileOfPc);
+}
+
+void DropFilesOnDirectory(const std::vector<std::string>& paths) {
+    if (!TakesFilesForDisk(paths)) return;
+    std::vector<PcFile> files;
+    for (const std::string& text : paths) {
+        const std::filesystem::path path(text);
+        files.push_back({path.parent_path().string(), path.filename().string()});
+    }
+    BeginCopyOfPcFiles();
+    RunPcCommand(kSaveCommand, files);
 }
 
 }  // namespace brindlemoor

@@ -14,4 +14,11 @@ bool TakesDroppedFiles(const std::vector<std::string>& paths);
 /// picked that. Files that are not taken do nothing. Messages: those of the click.
 void DropFilesFromOutside(const std::vector<std::string>& paths);
 
+/// True when files that the user drags over `ListDirec` from outside can be dropped there, to be
+/// copied into the open disk: there is one, and each of them is a file of the PC.
+bool TakesFilesForDisk(const std::vector<std::string>& paths);
+
+/// What dropping them there does: the same as if they came from `File1`.
+void DropFilesOnDirectory(const std::vector<std::string>& paths);
+
 }  // namespace brindlemoor

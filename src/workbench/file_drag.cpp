@@ -23,6 +23,12 @@ struct DragRoad {
 constexpr DragRoad kRoads[] = {{"File1", "ListDirec", kPcSide, "Copiar PC"},
                                {"ListDirec", "File1", kDiskSide, "Copiar DSK"}};
 
+/// The popup's item goes by the road's name from now on.
+void BeginCopy(const DragRoad& road) {
+    ItemOf(MenuOf(Principal, "PopMenu"), kSaveCommand).Tag = road.Command;
+    PopupSide = road.Side;
+}
+
 void ConnectSource(const DragRoad& road) {
     PrincipalControl(road.Source).MouseMove = [&road](const MouseAt& mouse) {
         const bool idle = FileDrag.Source.empty();
@@ -42,8 +48,7 @@ void ConnectTarget(const DragRoad& road) {
     };
     target.DragDrop = [&road](const std::string& source) {
         if (source != road.Source) return;
-        ItemOf(MenuOf(Principal, "PopMenu"), kSaveCommand).Tag = road.Command;
-        PopupSide = road.Side;
+        BeginCopy(road);
         RunFileCommand(kSaveCommand);
     };
 }
@@ -64,6 +69,10 @@ void DropFileDrag(const Control* target) {
 
 void CancelFileDrag() {
     FileDrag = DragState();
+}
+
+void BeginCopyOfPcFiles() {
+    BeginCopy(kRoads[0]);
 }
 
 void ConnectFileDrag() {

@@ -25,6 +25,9 @@ void DropFileDrag(const Control* target);
 /// The user gave the drag up.
 void CancelFileDrag();
 
+/// Sets the name of the popup's item and `PopupSide` as a drop of `File1` on `ListDirec` does.
+void BeginCopyOfPcFiles();
+
 /// Hangs the routines of the drag on `File1` and `ListDirec`: a move of the mouse with the left
 /// button down starts one when something is selected there, and each of the two takes what comes
 /// from the other.

@@ -3,6 +3,7 @@
 #include <iterator>
 #include <string>
 
+#include "core/external_program.h"
 #include "core/languages.h"
 #include "core/platform.h"
 #include "core/settings.h"
@@ -43,7 +44,7 @@ void HelpMenuClicked(int index) {
     Menu& languages = MenuOf(Principal, "LanguageMenu");
     if (index == 0) {
         const MenuItem& checked = ItemOf(languages, Settings.LanguageIndex);
-        Platform.StartProgram("notepad", {"Brindlemoor " + checked.Caption});
+        StartExternalProgram(ProgramRole::TextEditor, "Brindlemoor " + checked.Caption);
     } else if (index == 1) {
         Platform.OpenWebPage(kMakersPage);
     } else {

@@ -14,6 +14,7 @@
 #include "image/modified_state.h"
 #include "workbench/archivos.h"
 #include "workbench/directory_grid.h"
+#include "workbench/paint_surface.h"
 #include "workbench/pc_pane.h"
 #include "workbench/principal.h"
 #include "workbench/principal_viewer.h"
@@ -131,6 +132,8 @@ void ConnectScreen() {
         Platform.ShowModal("FatEditor");
         RefreshModified();
     };
+    Screen.OpenPaintSurface = OpenPaintSurface;
+    Screen.RefreshPcFiles = RefreshPcFiles;
     Screen.PcListFolder = [] { return PrincipalControl("File1").Path; };
     Screen.PcListName = SelectedPcFile;
     Screen.PcSelectedNames = [] {

@@ -20,7 +20,11 @@ TEST(SilentPlatform, DoesAndFindsNothing) {
     const PlatformTable table = SilentPlatform();
     EXPECT_EQ(table.AskText("prompt", "title", "suggestion"), "");
     EXPECT_FALSE(table.OpenWebPage("address"));
+    EXPECT_FALSE(table.HasProgram("program"));
     EXPECT_FALSE(table.StartProgram("program", {}));
+    Picture picture;
+    EXPECT_EQ(table.SavePicture(picture), "");
+    EXPECT_FALSE(table.LoadPicture("bytes", picture));
     EXPECT_TRUE(table.ListDrives().empty());
     EXPECT_EQ(table.ChooseColour(0x112233), 0x112233);
     table.ShowModal("window");

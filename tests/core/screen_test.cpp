@@ -11,6 +11,7 @@ TEST(NoScreen, AnswersWithEmptyTexts) {
     EXPECT_EQ(screen.PcListName(), "");
     EXPECT_EQ(screen.PathDskText(), "");
     EXPECT_TRUE(screen.SelectedRows().empty());
+    EXPECT_EQ(screen.OpenPaintSurface(128, 8).Image, nullptr);
 }
 
 TEST(NoScreen, HasARoutineForEveryEntry) {
@@ -23,6 +24,8 @@ TEST(NoScreen, HasARoutineForEveryEntry) {
         screen.ShowGranuleField(true);
         screen.ShowModified();
         screen.GiveUpColumnSort();
+        screen.RefreshPcFiles();
+        screen.OpenPaintSurface(128, 8).GiveBack();
         screen.SetFilePath("path");
         screen.SetPathDsk("path");
         screen.ViewFile(-1, 0);

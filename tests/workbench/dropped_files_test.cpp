@@ -6,7 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "convert/file_commands.h"
 #include "core/disk_state.h"
+#include "image/read_disk.h"
+#include "support/decb_builder.h"
 #include "support/disk_fixture.h"
 #include "support/workbench_fixture.h"
 #include "workbench/pc_pane.h"
@@ -139,6 +142,63 @@ TEST_F(DroppedFilesTest, WhatIsNotTakenDoesNothing) {
     EXPECT_EQ(Files().Path, PcFolder);
     EXPECT_TRUE(Disk.ImageBytes.empty());
     EXPECT_TRUE(script_.Messages.empty());
+}
+
+// On the directory of the open disk
+
+class DroppedOnDirectoryTest : public DroppedFilesTest {
+  protected:
+    void SetUp() override {
+        DroppedFilesTest::SetUp();
+        WriteTestFile(Elsewhere_, "first.bas", "10 CLS");
+        WriteTestFile(PcFolder, "second.dat", "data");
+        Disk.ImageBytes = test::DecbBuilder().Image();
+        ReadDisk();
+        script_.Messages.clear();
+    }
+
+    static std::string Rows() {
+        std::string names;
+        for (int row = 0; row < Disk.DirRows; ++row) names += DirTable[row].FullName + " ";
+        return names;
+    }
+};
+
+TEST_F(DroppedOnDirectoryTest, FilesOfThePcAreTakenAndNothingElse) {
+    EXPECT_TRUE(TakesFilesForDisk({At("first.bas")}));
+    EXPECT_TRUE(TakesFilesForDisk({At("first.bas"), PcFolder + "/second.dat", At("NOTE.TXT")}));
+    EXPECT_FALSE(TakesFilesForDisk({}));
+    EXPECT_FALSE(TakesFilesForDisk({""}));
+    EXPECT_FALSE(TakesFilesForDisk({Elsewhere_}));
+    Disk.ImageBytes.clear();
+    EXPECT_FALSE(TakesFilesForDisk({At("first.bas")}));
+    Disk.ImageBytes = test::DecbBuilder().Image();
+    EXPECT_FALSE(TakesFilesForDisk({At("first.bas"), At("GONE.BAS")}));
+    EXPECT_FALSE(TakesFilesForDisk({At("first.bas") + std::string("\0.BAS", 5)}));
+}
+
+TEST_F(DroppedOnDirectoryTest, TheyGoIntoTheDiskAsFromTheFileList) {
+    PopupSide = kDiskSide;
+    DropFilesOnDirectory({At("first.bas"), PcFolder + "/second.dat"});
+    EXPECT_EQ(Rows(), "FIRST.BAS SECOND.DAT ");
+    EXPECT_EQ(DirTable[0].Content, "10 CLS");
+    EXPECT_EQ(DirTable[1].Content, "data");
+    EXPECT_EQ(PopupSide, kPcSide);
+    EXPECT_EQ(MenuOf(Principal, "PopMenu").Items[6].Tag, "Copiar PC");
+    EXPECT_EQ(Files().Path, PcFolder);
+    EXPECT_TRUE(script_.Messages.empty());
+}
+
+TEST_F(DroppedOnDirectoryTest, GivingTheQuestionForANameUpEndsTheDrop) {
+    DropFilesOnDirectory({At("first.bas")});
+    DropFilesOnDirectory({At("first.bas"), PcFolder + "/second.dat"});
+    EXPECT_EQ(script_.Prompts.size(), 1U);
+    EXPECT_EQ(Rows(), "FIRST.BAS ");
+}
+
+TEST_F(DroppedOnDirectoryTest, WhatIsNotTakenDoesNothing) {
+    DropFilesOnDirectory({At("first.bas"), At("GONE.BAS")});
+    EXPECT_EQ(Rows(), "");
 }
 
 }  // namespace

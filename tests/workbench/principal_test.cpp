@@ -230,14 +230,16 @@ TEST_F(PrincipalMenus, OnlyTheTwoWindowsThatEditTheImageRefreshTheModifiedState)
     }
 }
 
-TEST_F(PrincipalMenus, HelpOpensTheTextOfTheLanguageInForce) {
+TEST_F(PrincipalMenus, HelpOpensTheTextOfTheLanguageInForceInTheUsersEditor) {
+    test::SetVariable("BRINDLEMOOR_EDITOR", "mine");
     Click("HelpMenu", 0);
     Click("LanguageMenu", 1);
     Click("HelpMenu", 0);
     ASSERT_EQ(script_.Programs.size(), 2U);
-    EXPECT_EQ(script_.Programs[0].Program, "notepad");
-    EXPECT_EQ(script_.Programs[0].Arguments, (Texts{"Brindlemoor English"}));
-    EXPECT_EQ(script_.Programs[1].Arguments, (Texts{"Brindlemoor Español"_w}));
+    EXPECT_EQ(script_.Programs[0].Program, "mine");
+    EXPECT_EQ(script_.Programs[0].Arguments, Texts{PcFolder + "/Brindlemoor English"});
+    EXPECT_EQ(script_.Programs[1].Arguments, Texts{PcFolder + "/Brindlemoor Español"_w});
+    test::SetVariable("BRINDLEMOOR_EDITOR", "");
 }
 
 TEST_F(PrincipalMenus, HelpLeadsToTheMakersPageAndTheAboutBox) {

@@ -108,7 +108,7 @@ MainWindow MakeMainWindow() {
     made.Menus->Record = &Principal;
     const auto agreed = std::make_shared<AgreedSize>(AgreedSize{RecordSize()});
     HookWindowEvents(window, agreed);
-    TakeOutsideDrops(window);
+    TakeOutsideDrops(window, WidgetOf(*made.Controls, "ListDirec"));
     Shell.MainWindow = window;
     AddRefresh(window, [window, agreed, controls = made.Controls, menus = made.Menus] {
         ShowTitle(window);

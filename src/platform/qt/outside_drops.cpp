@@ -18,6 +18,8 @@ namespace brindlemoor {
 
 namespace {
 
+using DropRoutine = void (*)(const std::vector<std::string>& paths);
+
 #ifdef Q_OS_WIN
 std::string LocalPath(const QUrl& url) {
     return url.isLocalFile() ? QDir::toNativeSeparators(url.toLocalFile()).toStdString()
@@ -52,12 +54,25 @@ bool BringsFiles(QEvent* event) {
     return drop && static_cast<QDropEvent*>(event)->mimeData()->hasUrls();
 }
 
+bool IsOver(const QWidget* widget, const QWidget* window, const QDropEvent& drop) {
+    const QPoint place = widget->mapFrom(window, drop.position().toPoint());
+    return widget->isVisible() && widget->rect().contains(place);
+}
+
+/// What a drop of these files at that place does, if anything: an image is opened wherever it is
+/// dropped, other files are copied into the disk whose directory they are dropped on.
+DropRoutine RoutineFor(const std::vector<std::string>& paths, bool overDirectory) {
+    if (TakesDroppedFiles(paths)) return DropFilesFromOutside;
+    return overDirectory && TakesFilesForDisk(paths) ? DropFilesOnDirectory : nullptr;
+}
+
 /// The file manager waits for the end of its drag, so that what the drop does comes behind it.
-bool OnWindowEvent(QWidget* window, QEvent* event) {
+bool OnWindowEvent(QWidget* window, const QWidget* directory, QEvent* event) {
     if (!BringsFiles(event)) return false;
     auto* drop = static_cast<QDropEvent*>(event);
     const std::vector<std::string> paths = PathsOf(*drop->mimeData());
-    if (!IsFree() || !TakesDroppedFiles(paths)) {
+    const DropRoutine routine = RoutineFor(paths, IsOver(directory, window, *drop));
+    if (!IsFree() || routine == nullptr) {
         drop->ignore();
         return true;
     }
@@ -65,7 +80,7 @@ bool OnWindowEvent(QWidget* window, QEvent* event) {
     drop->accept();
     if (event->type() != QEvent::Drop) return true;
     window->activateWindow();
-    RunLater(window, 0, [paths] { UserAction([&paths] { DropFilesFromOutside(paths); }); });
+    RunLater(window, 0, [paths, routine] { UserAction([&] { routine(paths); }); });
     return true;
 }
 
@@ -77,12 +92,14 @@ bool OnBoxEvent(QEvent* event) {
 
 }  // namespace
 
-void TakeOutsideDrops(QWidget* window) {
+void TakeOutsideDrops(QWidget* window, QWidget* directory) {
     for (QWidget* child : window->findChildren<QWidget*>()) {
         if (child->acceptDrops()) HookEvents(child, OnBoxEvent);
     }
     window->setAcceptDrops(true);
-    HookEvents(window, [window](QEvent* event) { return OnWindowEvent(window, event); });
+    HookEvents(window, [window, directory](QEvent* event) {
+        return OnWindowEvent(window, directory, event);
+    });
 }
 
 }  // namespace brindlemoor

@@ -6,7 +6,6 @@
 #include <QDir>
 #include <QInputDialog>
 #include <QMessageBox>
-#include <QProcess>
 #include <QStorageInfo>
 #include <QUrl>
 #include <algorithm>
@@ -17,8 +16,10 @@
 #include "platform/qt/file_dialog_box.h"
 #include "platform/qt/menus.h"
 #include "platform/qt/modal_window.h"
+#include "platform/qt/picture_files.h"
 #include "platform/qt/picture_text.h"
 #include "platform/qt/shell.h"
+#include "platform/qt/start_program.h"
 #include "platform/qt/text.h"
 #include "workbench/principal.h"
 
@@ -105,12 +106,6 @@ std::int32_t RunColourChooser(std::int32_t colour) {
     return chosen.red() | (chosen.green() << 8) | (chosen.blue() << 16);
 }
 
-bool StartDetached(const std::string& program, const std::vector<std::string>& arguments) {
-    QStringList list;
-    for (const std::string& argument : arguments) list << ToText(argument);
-    return QProcess::startDetached(ToText(program), list);
-}
-
 void AddDrive(std::vector<DriveEntry>& drives, const QString& path, const QString& label) {
     const std::string bytes = path.toStdString();
     const bool known = std::any_of(drives.begin(), drives.end(),
@@ -167,7 +162,10 @@ PlatformTable QtPlatform() {
     table.OpenWebPage = [](const std::string& address) {
         return QDesktopServices::openUrl(QUrl(ToText(address)));
     };
-    table.StartProgram = StartDetached;
+    table.SavePicture = PictureFileOf;
+    table.LoadPicture = ReadPictureFile;
+    table.HasProgram = IsProgramInstalled;
+    table.StartProgram = StartProgramDetached;
     table.ListDrives = DrivesOfPc;
     table.CloseMainWindow = [] {
         if (!Shell.MainWindow.isNull()) Shell.MainWindow->close();

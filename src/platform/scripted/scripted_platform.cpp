@@ -1,5 +1,7 @@
 #include "platform/scripted/scripted_platform.h"
 
+#include "core/byte_helpers.h"
+
 namespace brindlemoor {
 
 namespace {
@@ -45,7 +47,32 @@ std::string AnswerPrompt(Script& script, ShownPrompt prompt) {
     return prompt.Given;
 }
 
+std::int32_t NumberAt(const std::string& bytes, std::size_t index) {
+    return static_cast<std::int32_t>(BytesToNumber(bytes.substr(index * 4, 4), ""));
+}
+
+bool ReadScriptedPicture(const std::string& bytes, Picture& picture) {
+    constexpr std::size_t kHead = 2;
+    if (bytes.size() < kHead * 4) return false;
+    const std::int32_t width = NumberAt(bytes, 0);
+    const std::int32_t height = NumberAt(bytes, 1);
+    if (width < 0 || height < 0) return false;
+    const auto count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+    if (bytes.size() != (kHead + count) * 4) return false;
+    ResizePicture(picture, width, height);
+    for (std::size_t index = 0; index < count; ++index) {
+        picture.Pixels[index] = NumberAt(bytes, kHead + index);
+    }
+    return true;
+}
+
 }  // namespace
+
+std::string ScriptedPictureFile(const Picture& picture) {
+    std::string bytes = LongToBytes(picture.Width) + LongToBytes(picture.Height);
+    for (const std::int32_t pixel : picture.Pixels) bytes += LongToBytes(pixel);
+    return bytes;
+}
 
 PlatformTable ScriptedPlatform(Script& script) {
     PlatformTable table = SilentPlatform();
@@ -88,9 +115,15 @@ PlatformTable ScriptedPlatform(Script& script) {
         script.Pages.push_back(address);
         return script.ProgramsStart;
     };
+    table.SavePicture = ScriptedPictureFile;
+    table.LoadPicture = ReadScriptedPicture;
+    table.HasProgram = [&script](const std::string& program) {
+        return !script.IsInstalled || script.IsInstalled(program);
+    };
     table.StartProgram = [&script](const std::string& program,
                                    const std::vector<std::string>& arguments) {
         script.Programs.push_back({program, arguments});
+        if (script.ProgramsStart && script.OnProgram) script.OnProgram(script.Programs.back());
         return script.ProgramsStart;
     };
     table.ListDrives = [&script] { return script.Drives; };

@@ -42,8 +42,10 @@ struct Script {
     std::deque<std::string> Files;  ///< taken by file dialogs, first to last; then none is chosen
     std::deque<std::int32_t> Colours;  ///< taken by colour choosers; then the user gives up
     std::vector<DriveEntry> Drives;
+    std::function<bool(const std::string& program)> IsInstalled;  ///< none: every program is
     bool ProgramsStart = true;  ///< what `StartProgram` and `OpenWebPage` answer
-    std::function<void(const ShownMessage&)> OnMessage;  ///< runs while the box stands open
+    std::function<void(const ShownMessage&)> OnMessage;    ///< runs while the box stands open
+    std::function<void(const StartedProgram&)> OnProgram;  ///< runs as the program that was started
     std::function<void(const std::string& window)> OnModal;
     std::function<void(const std::string& menu)> OnPopup;
 
@@ -66,6 +68,10 @@ struct Script {
 /// which no answer is left, or whose next answer is none of its buttons, gets the button that
 /// declines; such an answer stays in the script.
 PlatformTable ScriptedPlatform(Script& script);
+
+/// A picture file as the scripted platform writes and reads it: its size in two numbers of four
+/// bytes, lowest first, and then each pixel as one.
+std::string ScriptedPictureFile(const Picture& picture);
 
 /// The texts of all messages shown, in order.
 std::vector<std::string> MessageTexts(const Script& script);

@@ -14,6 +14,7 @@
 #include <memory>
 #include <string>
 
+#include "core/disk_state.h"
 #include "core/platform.h"
 #include "platform/qt/shell.h"
 #include "user_actions.h"
@@ -125,6 +126,25 @@ TEST_F(OutsideDropsTest, OtherDropsAreRefused) {
     QUrl remote = At("First #1.dsk");
     remote.setHost(QStringLiteral("another-machine.example"));
     EXPECT_FALSE(Drop({remote}));
+}
+
+TEST_F(OutsideDropsTest, OtherFilesDroppedOnTheDirectoryGoIntoTheDisk) {
+    ClickFile("OTHER.DSK");
+    fs::copy_file(PcFolder + "/NOTE.TXT", Elsewhere_ + "/a b.bas");
+    EXPECT_TRUE(Drop({At("NOTE.TXT"), At("a b.bas")}, Directory()->viewport()));
+    EXPECT_EQ(Directory()->model()->rowCount(), 3);
+    EXPECT_EQ(DirTable[1].FullName, "NOTE.TXT");
+    EXPECT_EQ(DirTable[2].FullName, "A-B.BAS");
+    EXPECT_EQ(DirTable[2].Content, "a text");
+    EXPECT_EQ(PrincipalControl("File1").Path, PcFolder);
+    EXPECT_TRUE(Find<QWidget>("UndoBtn")->isEnabled());
+}
+
+TEST_F(OutsideDropsTest, BesideTheDirectoryThoseFilesAreRefused) {
+    ClickFile("OTHER.DSK");
+    EXPECT_FALSE(Drop({At("NOTE.TXT")}, Files()->viewport()));
+    EXPECT_FALSE(Drop({At("NOTE.TXT"), At("GONE.TXT")}, Directory()->viewport()));
+    EXPECT_EQ(Directory()->model()->rowCount(), 1);
 }
 
 TEST_F(OutsideDropsTest, AnAddressMayNameThisPc) {

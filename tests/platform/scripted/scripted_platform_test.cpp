@@ -85,5 +85,36 @@ TEST(ScriptedPlatform, WhatIsStartedShownAndClosedIsRecorded) {
     EXPECT_TRUE(script.Ended);
 }
 
+TEST(ScriptedPlatform, AProgramThatStartsDoesItsWorkAtOnce) {
+    Script script;
+    std::string worked;
+    script.OnProgram = [&worked](const StartedProgram& program) { worked = program.Program; };
+    const PlatformTable table = ScriptedPlatform(script);
+    EXPECT_TRUE(table.HasProgram("any"));
+    EXPECT_TRUE(table.StartProgram("editor", {}));
+    EXPECT_EQ(worked, "editor");
+    script.ProgramsStart = false;
+    EXPECT_FALSE(table.StartProgram("another", {}));
+    EXPECT_EQ(worked, "editor");
+    script.IsInstalled = [](const std::string& program) { return program == "mine"; };
+    EXPECT_TRUE(table.HasProgram("mine"));
+    EXPECT_FALSE(table.HasProgram("any"));
+}
+
+TEST(ScriptedPlatform, APictureComesBackFromItsFile) {
+    Script script;
+    const PlatformTable table = ScriptedPlatform(script);
+    Picture picture;
+    ResizePicture(picture, 2, 1);
+    picture.Pixels = {0x123456, 0};
+    const std::string bytes = table.SavePicture(picture);
+    Picture read;
+    ASSERT_TRUE(table.LoadPicture(bytes, read));
+    EXPECT_EQ(read.Pixels, picture.Pixels);
+    for (const std::string& wrong : {std::string(), bytes.substr(0, 12), bytes + "x"}) {
+        EXPECT_FALSE(table.LoadPicture(wrong, read));
+    }
+}
+
 }  // namespace
 }  // namespace brindlemoor
