@@ -37,6 +37,7 @@ PlatformTable SilentPlatform() {
     table.HasProgram = [](const std::string&) { return false; };
     table.StartProgram = [](const std::string&, const std::vector<std::string>&) { return false; };
     table.ListDrives = [] { return std::vector<DriveEntry>(); };
+    table.ShowBusy = [](bool) {};
     table.CloseMainWindow = [] {};
     table.EndProgram = [] {};
     return table;

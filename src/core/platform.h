@@ -93,6 +93,9 @@ struct PlatformTable {
     /// The drives of the PC, or what stands for them.
     std::function<std::vector<DriveEntry>()> ListDrives;
 
+    /// Shows the pointer of a program at work, or puts the usual one back.
+    std::function<void(bool busy)> ShowBusy;
+
     /// Closes the main window, as its own close button does.
     std::function<void()> CloseMainWindow;
 

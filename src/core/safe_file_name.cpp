@@ -8,7 +8,7 @@ namespace brindlemoor {
 
 namespace {
 
-constexpr char kStandIn = '_';
+constexpr char kStandIn = '-';
 constexpr unsigned char kLastControl = 31;
 constexpr unsigned char kDelete = 127;
 
@@ -27,8 +27,11 @@ std::string SafeFileName(const std::string& name) {
     for (char& character : safe) {
         if (LosesItsMeaning(character)) character = kStandIn;
     }
-    const bool odd = safe.empty() || safe.front() == '.' || safe.front() == '-';
-    return odd ? kStandIn + safe : safe;
+    for (char& character : safe) {
+        if (character != '.') break;
+        character = kStandIn;
+    }
+    return safe.empty() ? std::string(1, kStandIn) : safe;
 }
 
 }  // namespace brindlemoor

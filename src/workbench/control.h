@@ -34,10 +34,12 @@ enum class ControlKind {
     DriveList,
     FolderList,
     FileList,
+    /// Lines of fixed pitch that only event routines change; they also move the caret.
+    CaretText,
     Hidden,  ///< holds data only: image lists, drag cursors
 };
 
-enum class FontKind { Normal, Fixed, Small, Title };
+enum class FontKind { Normal, Fixed, FixedBold, Small, Title };
 
 /// Keys that event routines get, by their code.
 enum KeyCode : int {
@@ -89,7 +91,13 @@ struct Control {
     bool RightAligned = false;
     bool WordWrap = false;
     bool ReadOnly = false;  ///< text box that only shows
-    int MostLetters = 0;    ///< that can be typed into a text box of one line; 0: no limit
+    int MaxLength = 0;      ///< text box: characters that can be typed, 0 for any number
+
+    /// Text and combo boxes: what is selected when the control takes the focus; in a `CaretText`
+    /// the caret. Bytes of `Text` in front of it, a line break counting 2.
+    int SelStart = 0;
+    int SelLength = 0;
+    unsigned FocusRequests = 0;  ///< grows with each `GiveFocus`
 
     std::vector<std::string> Items;     ///< lists: what is shown
     std::vector<std::string> ItemTags;  ///< drive and folder lists: the path of each item
@@ -133,6 +141,12 @@ struct Control {
     std::function<void(const MouseAt&)> MouseMove;  ///< over a list: only while an entry is held
     std::function<void(int steps)> Wheel;  ///< the mouse wheel turned, towards the user above 0
 
+    std::function<void()> GotFocus;
+
+    // CaretText: a key of a character, behind `Key`; the mouse put the caret at `SelStart`.
+    std::function<void(int character)> KeyPress;
+    std::function<void()> CaretPlaced;
+
     // A drag by the mouse from the control named `source`.
     std::function<void(const std::string& source)> DragEnter;
     std::function<void(const std::string& source)> DragLeave;
@@ -169,6 +183,9 @@ struct Window {
 
     /// A window of its own buttons is on the screen; a routine that clears it closes the window.
     bool Open = false;
+
+    /// Comes before an item of the menu bar; false: the item is not to run.
+    std::function<bool()> BeforeMenu;
 
     std::function<void(int width, int height)> Resize;  ///< the user gave it an inner size, twips
     std::function<void()> Close;  ///< the user closed it, by other means than its buttons
@@ -218,6 +235,12 @@ inline int SurfacePixels(int twips) {
 /// Stores the size of a control in twips; a picture's surface takes the size inside its frame and
 /// is cleared. Runs `Resize` when the size differs.
 void SetSize(Control& control, int width, int height);
+
+/// Has the control take the focus, with `SelLength` bytes from `SelStart` on selected, when the
+/// records are shown next.
+inline void GiveFocus(Control& control) {
+    ++control.FocusRequests;
+}
 
 /// Runs an event routine, if there is one.
 inline void Raise(const std::function<void()>& routine) {

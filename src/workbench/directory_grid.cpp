@@ -1,5 +1,6 @@
 #include "workbench/directory_grid.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "core/runtime_failure.h"
 #include "core/settings.h"
 #include "image/modified_state.h"
+#include "workbench/cell_edit.h"
 #include "workbench/directory_cells.h"
 #include "workbench/directory_totals.h"
 #include "workbench/file_popup.h"
@@ -97,6 +99,9 @@ void SetColumnWidths() {
         SetColumnWidth(ListDirec, column, StoredWidth(column));
     }
     AutoWidth(ListDirec, kAttributeColumn);
+    for (const SortColumn& sorted : ListDirec.SortColumns) {
+        if (sorted.Order != 0) ColumnOf(ListDirec, sorted.Column).Width += kSortWidening;
+    }
 }
 
 DirectorySums FillRows() {
@@ -141,19 +146,30 @@ void ShowTitleLine() {
     SetText(title, text);
 }
 
-/// All values of the columns, from column 1 on, joined as the settings keep them.
-template <typename Value>
-std::string JoinedColumns(Value GridColumn::*field) {
-    std::vector<std::string> values;
+std::string JoinedOrders() {
+    std::vector<std::string> orders;
+    for (const GridColumn& column : ListDirec.Columns) orders.push_back(DecimalText(column.Order));
+    return JoinText(orders, ",");
+}
+
+/// The widths to be stored: a column that is wider while it is sorted by has its own.
+std::string WidthsToStore() {
+    std::vector<std::string> widths;
+    int number = 0;
     for (const GridColumn& column : ListDirec.Columns) {
-        values.push_back(DecimalText(column.*field));
+        ++number;
+        int width = column.Width;
+        for (const SortColumn& sorted : ListDirec.SortColumns) {
+            if (sorted.Column == number && sorted.Order != 0) width -= kSortWidening;
+        }
+        widths.push_back(DecimalText(std::max(width, 0)));
     }
-    return JoinText(values, ",");
+    return JoinText(widths, ",");
 }
 
 void ColumnWasResized(int column, int width) {
     SetColumnWidth(ListDirec, column, width);
-    StoreSetting("ColumnWidths", JoinedColumns(&GridColumn::Width));
+    StoreSetting("ColumnWidths", WidthsToStore());
     LayoutTotals();
 }
 
@@ -192,6 +208,7 @@ bool GridKey(int key) {
 }  // namespace
 
 void FillDirectoryGrid() {
+    CancelCellEdit();  // its row may be gone
     ClearGrid(ListDirec);
     ListDirec.Redraw = false;
     PrepareColumns();
@@ -208,13 +225,14 @@ void FillDirectoryGrid() {
 }
 
 void ConnectDirectoryGrid() {
-    ListDirec.ColumnMoved = [](int) {
-        StoreSetting("ColumnOrder", JoinedColumns(&GridColumn::Order));
-    };
+    ListDirec.ColumnMoved = [](int) { StoreSetting("ColumnOrder", JoinedOrders()); };
     ListDirec.ColumnResized = ColumnWasResized;
     ListDirec.HeaderRightClick = ShowColumnsMenu;
     ListDirec.MouseOver = ShowColumnTip;
-    ListDirec.Scrolled = LayoutTotals;
+    ListDirec.Scrolled = [] {
+        PlaceCellEditor();
+        LayoutTotals();
+    };
     ListDirec.Key = GridKey;
     MenuOf(Principal, "columnsMenu").Click = ToggleColumn;
     PrincipalControl("VerBorrados").Click = FillDirectoryGrid;

@@ -31,7 +31,7 @@ void BeginCopy(const DragRoad& road) {
 
 void ConnectSource(const DragRoad& road) {
     PrincipalControl(road.Source).MouseMove = [&road](const MouseAt& mouse) {
-        const bool idle = FileDrag.Source.empty();
+        const bool idle = FileDrag.Source.empty() && ListDirec.Edited.Row == 0;
         if (idle && mouse.LeftDown && SelectedCount(road.Side) > 0) {
             FileDrag = {road.Source, "NoDrop"};
         }

@@ -103,6 +103,55 @@ void SetColumnWidth(Grid& grid, int column, int width) {
     ColumnOf(grid, column).Width = std::max(width, 0);
 }
 
+namespace {
+
+/// A row with what it is sorted by, one value for each column sorted by.
+struct SortableRow {
+    GridRow Row;
+    std::vector<std::string> Texts;
+    std::vector<double> Numbers;
+};
+
+/// Below 0 where `left` comes first in ascending order, above 0 where it comes behind.
+int Compare(const SortableRow& left, const SortableRow& right, std::size_t key, SortKind kind) {
+    if (kind == SortKind::Text) return left.Texts[key].compare(right.Texts[key]);
+    if (left.Numbers[key] == right.Numbers[key]) return 0;
+    return left.Numbers[key] < right.Numbers[key] ? -1 : 1;
+}
+
+}  // namespace
+
+void SortRows(Grid& grid) {
+    std::vector<SortColumn> keys;
+    for (const SortColumn& column : grid.SortColumns) {
+        if (column.Order != 0) keys.push_back(column);
+    }
+    std::vector<SortableRow> rows;
+    rows.reserve(grid.Rows.size());
+    for (GridRow& row : grid.Rows) {
+        SortableRow sortable;
+        for (const SortColumn& key : keys) {
+            const GridCell& cell = row.Cells[IndexOf(key.Column, row.Cells.size())];
+            sortable.Texts.push_back(ShownText(grid, cell, key.Column));
+            sortable.Numbers.push_back(cell.Number);
+        }
+        sortable.Row = std::move(row);
+        rows.push_back(std::move(sortable));
+    }
+    const auto before = [&](const SortableRow& left, const SortableRow& right) {
+        for (std::size_t key = 0; key < keys.size(); ++key) {
+            const int order = Compare(left, right, key, SeenColumn(grid, keys[key].Column).Sort);
+            if (order != 0) return (order < 0) == (keys[key].Order == 1);
+        }
+        return false;
+    };
+    std::stable_sort(rows.begin(), rows.end(), before);
+    for (std::size_t row = 0; row < rows.size(); ++row) grid.Rows[row] = std::move(rows[row].Row);
+    grid.RowSelected.assign(grid.Rows.size(), false);
+    grid.SelectedRow = 0;
+    ++grid.Revision;
+}
+
 std::vector<int> ColumnsFromLeft(const Grid& grid) {
     std::vector<int> columns(grid.Columns.size());
     std::iota(columns.begin(), columns.end(), 1);

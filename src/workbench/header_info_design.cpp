@@ -102,7 +102,7 @@ void AddHeaderFrame(Design& design) {
     design.AddField(kRightLabel, "Name length Bit 3-7 (0-31):",
                     Designed("DiskNameLength", TextBox, {572, RowTop(4), 48, kFieldHeight}));
     Control name = WithFont(Designed("DiskName", TextBox, LeftPlace(5, 300)), FontKind::Fixed);
-    name.MostLetters = kMostNameLetters;
+    name.MaxLength = kMostNameLetters;
     design.AddField(kMargin, "Disk name:", name);
     design.AddField(
         kMargin, "Behind the name:",

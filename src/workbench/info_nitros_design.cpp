@@ -82,7 +82,7 @@ Control Field(int index, const std::string& caption) {
     field.Index = index;
     field.Font = FontKind::Fixed;
     field.Enabled = index < kFirstFieldWithoutBytes;
-    if (index == kNameField) field.MostLetters = kVolumeNameWidth;
+    if (index == kNameField) field.MaxLength = kVolumeNameWidth;
     return Spoken(caption, field);
 }
 

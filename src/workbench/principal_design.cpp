@@ -113,8 +113,10 @@ void AddDirectory(Controls& controls) {
         Disabled(Designed("VerContinuaciones", CheckBox, {396, 0, 168, 20}, "Ver Contnuaciones")));
     controls.push_back(
         Disabled(Designed("VerBorrados", CheckBox, {568, 0, 140, 20}, "Ver Borrados")));
-    controls.push_back(Invisible(Designed("txtEdit", TextBox, {8, 314, 60, 17})));
-    controls.push_back(Invisible(DesignedList("ComboEdit", {8, 314, 60, 17}, {}, false)));
+    controls.push_back(
+        Within("ListDirec", Invisible(Designed("txtEdit", TextBox, {0, 0, 60, 17}))));
+    controls.push_back(
+        Within("ListDirec", Invisible(DesignedList("ComboEdit", {0, 0, 60, 17}, {}, true))));
     controls.push_back(Designed("Iconos", Hidden, {0, 0, 16, 16}));
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/disk_state.h"
+#include "core/failure_box.h"
 #include "core/numbers.h"
 #include "core/platform.h"
 #include "core/runtime_failure.h"
@@ -14,6 +15,7 @@
 #include "image/modified_state.h"
 #include "workbench/archivos.h"
 #include "workbench/directory_grid.h"
+#include "workbench/fat_editor.h"
 #include "workbench/paint_surface.h"
 #include "workbench/pc_pane.h"
 #include "workbench/principal.h"
@@ -37,6 +39,17 @@ void ShowModified() {
     Menu& files = MenuOf(Principal, "FilesMenu");
     files.Items[kReOpenItem].Enabled = modified;
     files.Items[kSaveItem].Enabled = modified;
+}
+
+/// A bitmap that does not reach as far as the disk cannot be shown: the editor stays closed.
+void EditFat() {
+    const auto failure = FailureOfStep(LoadFatEditor);
+    if (failure) {
+        ShowFailure(*failure);
+    } else {
+        Platform.ShowModal("FatEditor");
+    }
+    RefreshModified();
 }
 
 std::function<void()> KeepSectorView() {
@@ -128,12 +141,9 @@ void ConnectScreen() {
     Screen.ShowGranuleField = [](bool visible) { PrincipalControl("Granulo").Visible = visible; };
     Screen.KeepSectorView = KeepSectorView;
     Screen.ShowModified = ShowModified;
-    Screen.EditFat = [] {
-        Platform.ShowModal("FatEditor");
-        RefreshModified();
-    };
     Screen.OpenPaintSurface = OpenPaintSurface;
     Screen.RefreshPcFiles = RefreshPcFiles;
+    Screen.EditFat = EditFat;
     Screen.PcListFolder = [] { return PrincipalControl("File1").Path; };
     Screen.PcListName = SelectedPcFile;
     Screen.PcSelectedNames = [] {

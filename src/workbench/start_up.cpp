@@ -15,7 +15,10 @@
 #include "core/settings.h"
 #include "core/settings_start.h"
 #include "workbench/archivos.h"
+#include "workbench/cell_edit.h"
+#include "workbench/cell_menu.h"
 #include "workbench/colour_options.h"
+#include "workbench/column_sort.h"
 #include "workbench/directory_grid.h"
 #include "workbench/directory_totals.h"
 #include "workbench/file_drag.h"
@@ -91,6 +94,9 @@ void BuildPrincipal() {
     ListDirec.AlternateRowBackColour = kAlternateRowDesign;
     ConnectScreen();
     ConnectDirectoryGrid();
+    ConnectCellEdit();
+    ConnectCellMenu();
+    ConnectColumnSort();
     ConnectPcPane();
     ConnectFilePopup();
     ConnectFileDrag();

@@ -67,14 +67,14 @@ TEST_F(DiskCommandsTest, GivingThatQuestionUpEndsTheRunAndWhatIsDoneStays) {
 
 TEST_F(DiskCommandsTest, ANameFromTheDiskNeverLeadsOutOfTheFolder) {
     const std::string outside = WriteTestFile(Base, "UP.BAS", "outside");
-    const char* const rows[][2] = {{"../UP.BAS", "_.._UP.BAS"},
-                                   {"..\\UP.BAS", "_.._UP.BAS"},
-                                   {"/etc/x", "_etc_x"},
-                                   {"-rf", "_-rf"},
-                                   {"", "_"},
-                                   {"..", "_.."},
-                                   {"A\nB", "A_B"},
-                                   {"   ", "_"}};
+    const char* const rows[][2] = {{"../UP.BAS", "---UP.BAS"},
+                                   {"..\\UP.BAS", "---UP.BAS"},
+                                   {"/etc/x", "-etc-x"},
+                                   {"-rf", "-rf"},
+                                   {"", "-"},
+                                   {"..", "--"},
+                                   {"A\nB", "A-B"},
+                                   {"   ", "-"}};
     for (const auto& row : rows) {
         DirTable[2].FullName = row[0];
         SelectRows({2});

@@ -190,12 +190,10 @@ TEST_F(EditTest, AFileOfTheUserOfItsNameStays) {
 }
 
 TEST_F(EditTest, ANameFromTheDiskLeadsNowhere) {
-    const char* const rows[][2] = {{"../../UP.BAS", "_.._.._UP.BAS.TMP"},
-                                   {"$(rm).BAS", "$(rm).BAS.TMP"},
-                                   {"a b;c.BAS", "a b;c.BAS.TMP"},
-                                   {"-rf", "_-rf.TMP"},
-                                   {"A\n\x01.B", "A__.B.TMP"},
-                                   {"", "_.TMP"}};
+    const char* const rows[][2] = {
+        {"../../UP.BAS", "---..-UP.BAS.TMP"}, {"$(rm).BAS", "$(rm).BAS.TMP"},
+        {"a b;c.BAS", "a b;c.BAS.TMP"},       {"-rf", "-rf.TMP"},
+        {"A\n\x01.B", "A--.B.TMP"},           {"", "-.TMP"}};
     EditorLooks();
     for (const auto& row : rows) {
         DirTable[kText].FullName = row[0];

@@ -325,7 +325,7 @@ TEST_F(ViewCommandTest, ShowsEachSelectedRowUnderThePathThatItWouldHave) {
     SelectRows({0, 1});
     RunDisk(kViewCommand);
     EXPECT_EQ(seen_, (std::vector<Seen>{{PcFolder + "/P.BAS", CocoTokens(), 0},
-                                        {PcFolder + "/Q_Q.DAT", CocoTokens(), 1}}));
+                                        {PcFolder + "/Q-Q.DAT", CocoTokens(), 1}}));
     EXPECT_EQ(Disk.DirCount, 1);
 }
 

@@ -178,7 +178,7 @@ TEST_F(PaintTest, AFileOfTheUserOfItsNameStaysAndTheDisksNameIsTheSame) {
 TEST_F(PaintTest, ANameFromTheDiskLeadsNowhere) {
     DirTable[0].Name = "../X    ";
     RunDisk(kPaint);
-    EXPECT_EQ(script_.Programs[0].Arguments, Texts{PcFolder + "/_.._X.TMP"});
+    EXPECT_EQ(script_.Programs[0].Arguments, Texts{PcFolder + "/---X.TMP"});
 }
 
 TEST_F(PaintTest, TheLongestFileMakesAPictureThatAWindowCanShow) {

@@ -251,14 +251,14 @@ TEST_F(PcCommandsTest, ATapeBecomesAFileNextToItByItsOwnName) {
 }
 
 TEST_F(PcCommandsTest, TheNameOnATapeLeadsNowhere) {
-    const char* const rows[][2] = {{"../../UP", "_.._.._UP.BAS"},
-                                   {"/etc/X  ", "_etc_X.BAS"},
-                                   {"..      ", "_...BAS"},
-                                   {"        ", "_.BAS"},
-                                   {"-rf     ", "_-rf.BAS"},
+    const char* const rows[][2] = {{"../../UP", "---..-UP.BAS"},
+                                   {"/etc/X  ", "-etc-X.BAS"},
+                                   {"..      ", "---BAS"},
+                                   {"        ", "-BAS"},
+                                   {"-rf     ", "-rf.BAS"},
                                    {"A\nB\x7F"
                                     "    ",
-                                    "A_B_.BAS"}};
+                                    "A-B-.BAS"}};
     for (const auto& row : rows) {
         SelectFiles(
             {{"TAPE.CAS", WholeTape(NameBody(row[0], 0, 0, 0, std::string(4, '\0')), "body")}});

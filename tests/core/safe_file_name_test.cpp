@@ -13,29 +13,28 @@ TEST(SafeFileName, AnOrdinaryNameStaysByteForByte) {
     }
 }
 
-TEST(SafeFileName, SeparatorsOfAnyPcBecomeUnderlines) {
-    EXPECT_EQ(SafeFileName("A/B\\C.BAS"), "A_B_C.BAS");
-    EXPECT_EQ(SafeFileName("/etc/passwd"), "_etc_passwd");
+TEST(SafeFileName, SeparatorsOfAnyPcBecomeDashes) {
+    EXPECT_EQ(SafeFileName("A/B\\C.BAS"), "A-B-C.BAS");
+    EXPECT_EQ(SafeFileName("/etc/passwd"), "-etc-passwd");
 }
 
-TEST(SafeFileName, ControlBytesBecomeUnderlines) {
-    EXPECT_EQ(SafeFileName(std::string("A\0B\n\x1F\x7F.C", 8)), "A_B___.C");
+TEST(SafeFileName, ControlBytesBecomeDashes) {
+    EXPECT_EQ(SafeFileName(std::string("A\0B\n\x1F\x7F.C", 8)), "A-B---.C");
 }
 
 TEST(SafeFileName, DotsInFrontLeadNowhere) {
-    EXPECT_EQ(SafeFileName("."), "_.");
-    EXPECT_EQ(SafeFileName(".."), "_..");
-    EXPECT_EQ(SafeFileName("../../X"), "_.._.._X");
-    EXPECT_EQ(SafeFileName(".BAS"), "_.BAS");
+    EXPECT_EQ(SafeFileName("."), "-");
+    EXPECT_EQ(SafeFileName(".."), "--");
+    EXPECT_EQ(SafeFileName("../../X"), "---..-X");
+    EXPECT_EQ(SafeFileName(".BAS"), "-BAS");
 }
 
-TEST(SafeFileName, ADashInFrontIsNoOption) {
-    EXPECT_EQ(SafeFileName("-rf.BAS"), "_-rf.BAS");
-    EXPECT_EQ(SafeFileName("A-B.BAS"), "A-B.BAS");
+TEST(SafeFileName, ADashInFrontStays) {
+    EXPECT_EQ(SafeFileName("-rf.BAS"), "-rf.BAS");
 }
 
 TEST(SafeFileName, AnEmptyNameGetsOne) {
-    EXPECT_EQ(SafeFileName(""), "_");
+    EXPECT_EQ(SafeFileName(""), "-");
 }
 
 TEST(SafeFileName, NoNameOfTwoBytesLeadsOutOfTheFolder) {

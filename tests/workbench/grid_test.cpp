@@ -216,5 +216,78 @@ TEST(GridRevision, GrowsWithEveryChange) {
     EXPECT_TRUE(grew());
 }
 
+/// The first column's texts, row by row.
+std::string FirstColumn(const Grid& grid) {
+    std::string text;
+    for (const GridRow& row : grid.Rows) text += row.Cells[0].Text + " ";
+    return text;
+}
+
+TEST(GridSort, TextsGoByTheirBytesAndEqualRowsStayInTheirOrder) {
+    Grid grid = GridOf(2);
+    const char* const names[] = {"b", "B", "a", "10", "9", "\xE9"};
+    for (const char* name : names) {
+        const int row = AddRow(grid);
+        SetCellText(grid, row, 1, name);
+        SetCellText(grid, row, 2, "same");
+    }
+    grid.SortColumns = {{2, 1}};
+    SortRows(grid);
+    EXPECT_EQ(FirstColumn(grid), "b B a 10 9 \xE9 ");
+    grid.SortColumns = {{1, 1}};
+    SortRows(grid);
+    EXPECT_EQ(FirstColumn(grid), "10 9 B a b \xE9 ");
+    grid.SortColumns = {{1, 2}};
+    SortRows(grid);
+    EXPECT_EQ(FirstColumn(grid), "\xE9 b a B 9 10 ");
+}
+
+TEST(GridSort, AColumnOfNumbersGoesByThem) {
+    Grid grid = GridOf(2);
+    grid.Columns[1].Sort = SortKind::Number;
+    for (const int number : {900, 10, -5, 1000}) {
+        const int row = AddRow(grid);
+        SetCellText(grid, row, 1, std::to_string(number));
+        SetCellNumber(grid, row, 2, number);
+    }
+    grid.SortColumns = {{2, 1}};
+    SortRows(grid);
+    EXPECT_EQ(FirstColumn(grid), "-5 10 900 1000 ");
+    grid.Columns[1].Sort = SortKind::Text;
+    SortRows(grid);
+    EXPECT_EQ(FirstColumn(grid), "-5 10 1000 900 ");
+}
+
+TEST(GridSort, TheFirstColumnOfTheListComesFirstAndOnesWithoutOrderDoNotCount) {
+    Grid grid = GridOf(3);
+    const char* const rows[][3] = {
+        {"x", "2", "a"}, {"y", "1", "a"}, {"z", "1", "b"}, {"w", "2", "b"}};
+    for (const auto& cells : rows) {
+        const int row = AddRow(grid);
+        for (int column = 1; column <= 3; ++column)
+            SetCellText(grid, row, column, cells[column - 1]);
+    }
+    grid.SortColumns = {{1, 0}, {2, 1}, {3, 2}};
+    SortRows(grid);
+    EXPECT_EQ(FirstColumn(grid), "z y w x ");
+    grid.SortColumns = {};
+    SortRows(grid);
+    EXPECT_EQ(FirstColumn(grid), "z y w x ");
+}
+
+TEST(GridSort, HiddenRowsAreSortedTooAndTheSelectionIsLost) {
+    Grid grid = GridOf(1);
+    for (const char* name : {"c", "b", "a"}) SetCellText(grid, AddRow(grid), 1, name);
+    RowOf(grid, 2).Visible = false;
+    grid.RowSelected = {true, false, false};
+    grid.SelectedRow = 1;
+    grid.SortColumns = {{1, 1}};
+    SortRows(grid);
+    EXPECT_EQ(FirstColumn(grid), "a b c ");
+    EXPECT_FALSE(grid.Rows[1].Visible);
+    EXPECT_EQ(grid.RowSelected, (std::vector<bool>{false, false, false}));
+    EXPECT_EQ(grid.SelectedRow, 0);
+}
+
 }  // namespace
 }  // namespace brindlemoor

@@ -235,7 +235,7 @@ TEST_F(HeaderInfoTest, AnAccentedNameIsWrittenByteForByte) {
 
 TEST_F(HeaderInfoTest, ANameTooLongForItsLengthIsRefused) {
     Open();
-    EXPECT_EQ(Field("DiskName").MostLetters, 31);
+    EXPECT_EQ(Field("DiskName").MaxLength, 31);
     Type("DiskName", std::string(32, 'N'));
     Accept();
     EXPECT_EQ(MessageTexts(script_), Texts{"Run-time error '6':\r\n\r\nOverflow"});

@@ -199,7 +199,7 @@ TEST_F(InfoNitrosTest, AShorterNameLeavesTheRestOfTheOldOne) {
 TEST_F(InfoNitrosTest, ALongNameEndsWithItsField) {
     const std::string image = Sector();
     Open(image);
-    EXPECT_EQ(Field(14).MostLetters, 32);
+    EXPECT_EQ(Field(14).MaxLength, 32);
     Type(14, std::string(31, 'N') + "M");
     AcceptInfoDialog();
     EXPECT_EQ(Disk.ImageBytes.substr(31, 33), std::string(31, 'N') + "\xCD" + image[63]);

@@ -33,6 +33,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     const auto column = static_cast<std::size_t>(section);
     if (orientation != Qt::Horizontal || column >= grid_.Columns.size()) return {};
     if (role == Qt::DisplayRole) return ToText(grid_.Columns[column].Header);
+    if (role == Qt::DecorationRole) return grid_.Columns[column].HeaderPicture;
     if (role == Qt::TextAlignmentRole) {
         const bool right = grid_.Columns[column].RightAligned;
         return static_cast<int>(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));

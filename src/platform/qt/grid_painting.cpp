@@ -1,5 +1,6 @@
 #include "platform/qt/grid_painting.h"
 
+#include <QAbstractItemView>
 #include <QPainter>
 #include <QStyleOptionHeader>
 
@@ -30,6 +31,31 @@ int TextWidth(const QString& text) {
     return static_cast<int>(text.size()) * kGridCharacterWidth + 2 * kGridCellMargin;
 }
 
+constexpr int kArrowRoom = 12;  ///< pixels at the right end of a header that shows a picture
+constexpr int kArrowWidth = 8;
+constexpr int kArrowHeight = 5;
+
+/// The picture of a column that is sorted by: an arrow that points to where the values grow.
+void PaintSortPicture(QPainter* painter, const QRect& header, int picture) {
+    const int left = header.right() - kArrowRoom + (kArrowRoom - kArrowWidth) / 2;
+    const int top = header.top() + (header.height() - kArrowHeight) / 2;
+    const bool upwards = picture == kAscendingPicture;
+    const int base = upwards ? top + kArrowHeight : top;
+    const int tip = upwards ? top : top + kArrowHeight;
+    const QPolygon arrow({{left, base}, {left + kArrowWidth, base}, {left + kArrowWidth / 2, tip}});
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setBrush(painter->pen().color());
+    painter->drawPolygon(arrow);
+    painter->setRenderHint(QPainter::Antialiasing, false);
+}
+
+/// The current cell, while the user moves in the grid by keys.
+bool IsMarked(const QWidget* widget, const QModelIndex& index) {
+    const auto* view = qobject_cast<const QAbstractItemView*>(widget);
+    return view != nullptr && view->hasFocus() && view->currentIndex() == index &&
+           view->property(kMarksCurrentCell).toBool();
+}
+
 }  // namespace
 
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -52,6 +78,10 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const QRect place =
         option.rect.adjusted(kGridCellMargin + cell->Indent, 0, -kGridCellMargin, 0);
     DrawFixedText(*painter, place, index.data().toString(), cell->Bold, cell->RightAligned);
+    if (IsMarked(option.widget, index)) {
+        painter->setPen(QPen(fore, 1, Qt::DotLine));
+        painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+    }
     painter->restore();
 }
 
@@ -78,10 +108,15 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int section)
     painter->save();
     painter->setClipRect(rect);
     painter->setPen(palette().color(QPalette::ButtonText));
+    const int picture = model()->headerData(section, Qt::Horizontal, Qt::DecorationRole).toInt();
+    if (picture != 0) PaintSortPicture(painter, rect, picture);
+    const int room = picture != 0 ? kArrowRoom : 0;
+    const QRect text = rect.adjusted(kGridCellMargin, 0, -kGridCellMargin - room, 0);
+    painter->setClipRect(rect.adjusted(0, 0, -room, 0));
     const bool right =
         (model()->headerData(section, Qt::Horizontal, Qt::TextAlignmentRole).toInt() &
          Qt::AlignRight) != 0;
-    DrawFixedText(*painter, rect.adjusted(kGridCellMargin, 0, -kGridCellMargin, 0),
+    DrawFixedText(*painter, text,
                   model()->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString(), false,
                   right);
     painter->restore();

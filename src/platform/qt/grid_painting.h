@@ -5,6 +5,9 @@
 
 namespace brindlemoor {
 
+/// Property of a view whose current cell is marked while the view has the focus.
+inline constexpr char kMarksCurrentCell[] = "marksCurrentCell";
+
 /// Paints the cells of a `GridModel`: the cell's colours or the row's, then the text in the fixed
 /// font with a margin at both sides, cut where the column ends.
 class GridDelegate : public QStyledItemDelegate {

@@ -7,6 +7,7 @@
 #include "platform/qt/colours.h"
 #include "platform/qt/grid_events.h"
 #include "platform/qt/grid_painting.h"
+#include "platform/qt/shell.h"
 #include "platform/qt/text.h"
 
 namespace brindlemoor {
@@ -132,6 +133,32 @@ void ShowToolTip(const GridView& view) {
     view.Widget->horizontalHeader()->viewport()->setToolTip(tip);
 }
 
+CellPlace PlaceOfCell(const GridView& view, const CellNumbers& cell) {
+    RefreshWindows();  // the columns may have other widths by now
+    const QModelIndex index = view.Model->index(view.Model->ModelRow(cell.Row), cell.Column - 1);
+    const QRect place = view.Widget->visualRect(index);
+    return {place.x(), place.y(), place.width(), place.height()};
+}
+
+CellNumbers CellUnder(const GridView& view, QPoint place) {
+    const QModelIndex index = view.Widget->indexAt(place);
+    if (!index.isValid()) return {};
+    return {view.Model->RowNumber(index.row()), index.column() + 1};
+}
+
+/// The record asks the view as long as there is one.
+void AnswerRecord(const std::shared_ptr<GridView>& view) {
+    const std::weak_ptr<GridView> weak = view;
+    view->Record->PlaceOfCell = [weak](int row, int column) {
+        const auto there = weak.lock();
+        return there ? PlaceOfCell(*there, {row, column}) : CellPlace();
+    };
+    view->Record->CellUnder = [weak](int x, int y) {
+        const auto there = weak.lock();
+        return there ? CellUnder(*there, {x, y}) : CellNumbers();
+    };
+}
+
 }  // namespace
 
 std::shared_ptr<GridView> MakeGridView(QWidget* parent, Grid& grid, ControlRef place) {
@@ -143,6 +170,7 @@ std::shared_ptr<GridView> MakeGridView(QWidget* parent, Grid& grid, ControlRef p
     ShapeWidget(view->Widget);
     view->Widget->setModel(view->Model);
     ConnectGridEvents(view);
+    AnswerRecord(view);
     return view;
 }
 

@@ -22,8 +22,11 @@ struct GridView {
     bool ShownOnce = false;
     std::int32_t ShownBackColour = kNoColour;
     std::int32_t ShownAlternateColour = kNoColour;
-    int ResizedColumn = 0;    ///< being dragged wider or narrower, 0 for none
-    int HoverColumn = 0;      ///< under the mouse
+    int ResizedColumn = 0;  ///< being dragged wider or narrower, 0 for none
+    int HoverColumn = 0;    ///< under the mouse
+    int PressedButton = 0;  ///< of the mouse, by its number, with the keys held and the place
+    int PressedHeld = 0;
+    QPoint PressedAt;
     bool MovesByKey = false;  ///< the last thing that the user did in it was to press a key
 };
 

@@ -86,7 +86,10 @@ void RebuildBar(MenuBarView& view) {
         if (entry.Action->menu() != nullptr || entry.Action->isSeparator()) continue;
         QObject::connect(entry.Action, &QAction::triggered, view.Bar,
                          [window, name = entry.MenuName, index = entry.Index] {
-                             UserAction([&] { ClickItem(*window, name, index); });
+                             UserAction([&] {
+                                 if (window->BeforeMenu && !window->BeforeMenu()) return;
+                                 ClickItem(*window, name, index);
+                             });
                          });
     }
 }

@@ -14,6 +14,7 @@
 #include "workbench/acerca.h"
 #include "workbench/audio_convert.h"
 #include "workbench/colour_options.h"
+#include "workbench/fat_editor.h"
 #include "workbench/header_info.h"
 #include "workbench/info_nitros.h"
 #include "workbench/new_disk.h"
@@ -30,9 +31,10 @@ struct ModalRow {
 };
 
 /// The windows that a menu can open, by the name that it asks for.
-const std::array<ModalRow, 7> kModalWindows = {{
+const std::array<ModalRow, 8> kModalWindows = {{
     {"Acerca", &Acerca, false},
     {"NewDisk", &NewDisk, true},
+    {"FatEditor", &FatEditor, true},
     {"AudioConvert", &AudioConvert, true},
     {"HeaderInfo", &HeaderInfo, true},
     {"InfoNitros", &InfoNitros, true},

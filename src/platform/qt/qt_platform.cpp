@@ -4,6 +4,7 @@
 #include <QColorDialog>
 #include <QDesktopServices>
 #include <QDir>
+#include <QGuiApplication>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QStorageInfo>
@@ -167,6 +168,13 @@ PlatformTable QtPlatform() {
     table.HasProgram = IsProgramInstalled;
     table.StartProgram = StartProgramDetached;
     table.ListDrives = DrivesOfPc;
+    table.ShowBusy = [](bool busy) {
+        if (busy) {
+            QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        } else {
+            QGuiApplication::restoreOverrideCursor();
+        }
+    };
     table.CloseMainWindow = [] {
         if (!Shell.MainWindow.isNull()) Shell.MainWindow->close();
     };

@@ -26,6 +26,8 @@ namespace brindlemoor {
 
 namespace {
 
+constexpr int kFramedHeight = 20;  ///< pixels; the style's frame is too much for a lower box
+constexpr int kUnlimitedLength = 32767;
 constexpr int kTwoLinesHeight = 42;  ///< pixels; a taller text box has several lines
 
 bool HasSeveralLines(const Control& record) {
@@ -134,8 +136,8 @@ QWidget* MakeTextBox(QWidget* parent, ControlRef place) {
         return box;
     }
     auto* box = new QLineEdit(parent);
-    const int most = RecordOf(place).MostLetters;
-    if (most > 0) box->setMaxLength(most);
+    const bool inCell = Pixels(RecordOf(place).Height) < kFramedHeight;
+    if (inCell) box->setStyleSheet(QStringLiteral("border: 1px solid palette(text);"));
     QObject::connect(box, &QLineEdit::textEdited, box, [place](const QString& text) {
         UserAction([place, text] {
             Control& record = RecordOf(place);
@@ -154,6 +156,8 @@ void ShowTextBox(QWidget* widget, const Control& record, const Control& /*shown*
     }
     auto* box = static_cast<QLineEdit*>(widget);
     box->setReadOnly(record.ReadOnly);
+    const int most = record.MaxLength > 0 ? record.MaxLength : kUnlimitedLength;
+    if (box->maxLength() != most) box->setMaxLength(most);
     const QString text = ToText(record.Text);
     if (box->text() == text) return;
     const int cursor = box->hasFocus() ? box->cursorPosition() : 0;

@@ -1,11 +1,15 @@
 #include "platform/qt/window_widgets.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
 #include <QFontMetrics>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <array>
 
 #include "core/byte_helpers.h"
+#include "platform/qt/caret_text.h"
 #include "platform/qt/colours.h"
 #include "platform/qt/event_hook.h"
 #include "platform/qt/fixed_font.h"
@@ -33,7 +37,7 @@ struct KindRow {
 };
 
 /// Grids are not in the table: they have a record of their own. Hidden controls have no widget.
-constexpr std::array<KindRow, 15> kKinds = {{
+constexpr std::array<KindRow, 16> kKinds = {{
     {ControlKind::Label, MakeLabel, ShowLabel},
     {ControlKind::TextBox, MakeTextBox, ShowTextBox},
     {ControlKind::ComboBox, MakeComboBox, ShowComboBox},
@@ -49,6 +53,7 @@ constexpr std::array<KindRow, 15> kKinds = {{
     {ControlKind::DriveList, MakeDriveList, ShowDriveList},
     {ControlKind::FolderList, MakeFolderList, ShowFolderList},
     {ControlKind::FileList, MakeFileList, ShowFileList},
+    {ControlKind::CaretText, MakeCaretText, ShowCaretText},
 }};
 
 const KindRow* RowOfKind(ControlKind kind) {
@@ -76,7 +81,8 @@ QFont SmallFont(QFont font) {
 
 void ShowFont(QWidget* widget, FontKind kind) {
     QFont font = widget->font();
-    if (kind == FontKind::Fixed) font = FixedFont();
+    const bool bold = kind == FontKind::FixedBold;
+    if (kind == FontKind::Fixed || bold) font = FixedFont(bold);
     if (kind == FontKind::Small) font = SmallFont(font);
     if (kind == FontKind::Title) {
         font.setPixelSize(kTitlePixelSize);
@@ -85,28 +91,38 @@ void ShowFont(QWidget* widget, FontKind kind) {
     if (kind != FontKind::Normal) widget->setFont(font);
 }
 
+/// What a grid holds moves with its cells.
 QWidget* FrameOf(const WindowWidgets& widgets, const Control& control) {
     QWidget* frame = control.Container.empty() ? nullptr : WidgetOf(widgets, control.Container);
+    const auto* scrolled = qobject_cast<QAbstractScrollArea*>(frame);
+    if (scrolled != nullptr) return scrolled->viewport();
     return frame != nullptr ? frame : widgets.Area;
 }
 
-/// Key presses go to the control's own routine first, and losing the focus to another control of
-/// the program runs `Leave`; losing it with the whole window, or to a menu, does not.
+/// A focus that comes and goes with the whole window, a menu or a list that opens is no change.
+bool IsFocusChange(const QEvent* event) {
+    if (QApplication::activePopupWidget() != nullptr) return false;
+    const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
+    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+           reason != Qt::MenuBarFocusReason;
+}
+
+/// Key presses go to the control's own routine first; the focus that changes to and from another
+/// control of the program runs `GotFocus` and `Leave`.
 void HookCommonEvents(QWidget* widget, ControlRef place) {
     HookEvents(widget, [place](QEvent* event) {
-        if (event->type() == QEvent::KeyPress) {
+        if (event->type() == QEvent::KeyPress && RecordOf(place).Kind != ControlKind::CaretText) {
             const int code = KeyCodeOf(*static_cast<QKeyEvent*>(event));
             if (code == 0 || !RecordOf(place).Key) return false;
             bool dropped = false;
             UserAction([&] { dropped = RecordOf(place).Key(code); });
             return dropped;
         }
-        if (event->type() == QEvent::FocusOut && RecordOf(place).Leave) {
-            const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-            const bool elsewhere = reason == Qt::ActiveWindowFocusReason ||
-                                   reason == Qt::PopupFocusReason ||
-                                   reason == Qt::MenuBarFocusReason;
-            if (!elsewhere) UserAction([place] { Raise(RecordOf(place).Leave); });
+        if (event->type() == QEvent::FocusIn && RecordOf(place).GotFocus && IsFocusChange(event)) {
+            UserAction([place] { Raise(RecordOf(place).GotFocus); });
+        }
+        if (event->type() == QEvent::FocusOut && RecordOf(place).Leave && IsFocusChange(event)) {
+            UserAction([place] { Raise(RecordOf(place).Leave); });
         }
         return false;
     });
@@ -169,12 +185,27 @@ void ShowCommon(QWidget* widget, const Control& record, const Control& shown, bo
     if (coloured) ShowColours(widget, record.BackColour, record.ForeColour);
 }
 
+/// Gives the widget the focus, and selects in its line what the record says.
+void TakeFocus(QWidget* widget, const Control& record) {
+    widget->setFocus(Qt::OtherFocusReason);
+    auto* line = qobject_cast<QLineEdit*>(widget);
+    if (auto* list = qobject_cast<QComboBox*>(widget)) line = list->lineEdit();
+    if (line == nullptr) return;
+    const auto characters = [&record](int bytes) {
+        return static_cast<int>(ToText(Left(record.Text, bytes)).size());
+    };
+    const int start = characters(record.SelStart);
+    line->setSelection(start, characters(record.SelStart + record.SelLength) - start);
+}
+
 /// Keeps what the `Show` routines compare with. The rest of a record is compared with its widget.
 void Remember(Control& shown, const Control& record) {
     shown.Name = record.Name;
     shown.Path = record.Path;
     shown.ToolTip = record.ToolTip;
     shown.AccessibleName = record.AccessibleName;
+    shown.Font = record.Font;
+    shown.FocusRequests = record.FocusRequests;
     shown.BackColour = record.BackColour;
     shown.ForeColour = record.ForeColour;
     if (shown.Items != record.Items) shown.Items = record.Items;
@@ -184,11 +215,13 @@ void ShowControl(ControlWidget& control, const Control& record) {
     if (control.Widget == nullptr) return;
     const bool first = control.Shown.Name.empty();
     ShowCommon(control.Widget, record, control.Shown, first);
+    if (!first && record.Font != control.Shown.Font) ShowFont(control.Widget, record.Font);
     if (control.View) ShowGrid(*control.View);
     const KindRow* row = RowOfKind(record.Kind);
     if (row != nullptr && row->Show != nullptr) {
         row->Show(control.Widget, record, control.Shown);
     }
+    if (record.FocusRequests != control.Shown.FocusRequests) TakeFocus(control.Widget, record);
     Remember(control.Shown, record);
 }
 

@@ -127,6 +127,7 @@ PlatformTable ScriptedPlatform(Script& script) {
         return script.ProgramsStart;
     };
     table.ListDrives = [&script] { return script.Drives; };
+    table.ShowBusy = [&script](bool busy) { script.Busy.push_back(busy); };
     table.CloseMainWindow = [&script] { script.Closed = true; };
     table.EndProgram = [&script] { script.Ended = true; };
     return table;

@@ -60,8 +60,9 @@ struct Script {
     std::vector<TextLine> DrawnLines;  ///< texts for pictures; no pixel is drawn
     std::vector<StartedProgram> Programs;
     std::vector<std::string> Pages;
-    bool Closed = false;  ///< `CloseMainWindow` was called
-    bool Ended = false;   ///< `EndProgram` was called
+    std::vector<bool> Busy;  ///< what `ShowBusy` was told, in order
+    bool Closed = false;     ///< `CloseMainWindow` was called
+    bool Ended = false;      ///< `EndProgram` was called
 };
 
 /// A platform whose answers come from `script`, which must outlive the table. A message box for
