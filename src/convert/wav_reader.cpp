@@ -1,5 +1,6 @@
 #include "convert/wav_reader.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <utility>
 
@@ -134,8 +135,10 @@ void FindBits(TapeBits& bits, const std::string& data, int bytesPerSample, int s
             return static_cast<std::int16_t>(value) >= kThreshold;
         });
     } else {
-        FindEdges(bits, last, step, [&data, bytesPerSample](std::int64_t position) {
-            return BytesToNumber(Mid(data, position, bytesPerSample), "") >= kThreshold;
+        // Any number of more than 8 bytes is 0. A header may ask for thousands at every position.
+        const int length = std::min(bytesPerSample, 9);
+        FindEdges(bits, last, step, [&data, length](std::int64_t position) {
+            return BytesToNumber(Mid(data, position, length), "") >= kThreshold;
         });
     }
 }

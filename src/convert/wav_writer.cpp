@@ -43,6 +43,9 @@ constexpr double kMostPictures = 1 << 30;
 /// Samples that stand in the room for no byte of the stream.
 constexpr double kSpareRoom = 45;
 
+/// Bytes of the header that the RIFF size counts.
+constexpr double kRiffRest = kWavHeader - kRiffHeader;
+
 const std::string kZeroFormatTag(2, '\0');
 
 double Quotient(double dividend, double divisor) {
@@ -158,9 +161,21 @@ std::int64_t Room(const AudioOptions& options, std::size_t streamSize) {
     return room;
 }
 
-/// Lays the pictures of the stream into the buffer. Where each of them goes, and with it the size
-/// of the file, is found out first, so that the file is allocated once. Returns the position behind
-/// the last picture.
+/// The header of a file of so many samples, which declares 44 fewer.
+std::string Header(const AudioOptions& options, std::int64_t samples) {
+    const double byteRate = options.SampleRate * options.NumChannels * options.BitsPerSample / 8;
+    const double blockAlign = options.BitsPerSample * options.NumChannels / 8;
+    const auto dataSize = static_cast<double>(samples - kWavHeader);
+    return "RIFF" + LongToBytes(WholeNumber32(dataSize + kRiffRest)) + "WAVEfmt " +
+           LongToBytes(16) + kZeroFormatTag + NumberToBytes(options.NumChannels, 2, "") +
+           NumberToBytes(options.SampleRate, 4, "") + NumberToBytes(byteRate, 4, "") +
+           NumberToBytes(blockAlign, 2, "") + NumberToBytes(options.BitsPerSample, 2, "") + "data" +
+           LongToBytes(WholeNumber32(dataSize));
+}
+
+/// Lays header and pictures of the stream into the buffer. Where each picture goes, and with it the
+/// size of the file, is found out first, so that the file is allocated once, and not at all where
+/// its size fits no header. Returns the position behind the last picture.
 std::int64_t PutStream(SampleBuffer& buffer, const std::string& stream,
                        const AudioOptions& options) {
     const TapePictures tape = {stream, options, MakeByteWaves(options), HeaderEnd(stream)};
@@ -171,23 +186,13 @@ std::int64_t PutStream(SampleBuffer& buffer, const std::string& stream,
         last = std::max(last, position + static_cast<std::int64_t>(wave.size()) - 1);
     });
     const std::int64_t samples = std::clamp<std::int64_t>(std::max(last, end), 0, buffer.Room);
+    const std::string header = Header(options, end);
     buffer.File.reserve(static_cast<std::size_t>(kWavHeader + samples));
-    buffer.File.resize(static_cast<std::size_t>(kWavHeader));
+    buffer.File += header;
     WalkStream(tape, [&buffer](std::int64_t position, const std::string& wave) {
         buffer.Put(position, wave);
     });
     return end;
-}
-
-/// The header of a file of so many samples, which declares 44 fewer.
-std::string Header(const AudioOptions& options, std::int64_t samples) {
-    const double byteRate = options.SampleRate * options.NumChannels * options.BitsPerSample / 8;
-    const double blockAlign = options.BitsPerSample * options.NumChannels / 8;
-    const auto dataSize = WholeNumber32(static_cast<double>(samples - kWavHeader));
-    return "RIFF" + LongToBytes(dataSize + 36) + "WAVEfmt " + LongToBytes(16) + kZeroFormatTag +
-           NumberToBytes(options.NumChannels, 2, "") + NumberToBytes(options.SampleRate, 4, "") +
-           NumberToBytes(byteRate, 4, "") + NumberToBytes(blockAlign, 2, "") +
-           NumberToBytes(options.BitsPerSample, 2, "") + "data" + LongToBytes(dataSize);
 }
 
 }  // namespace
@@ -212,8 +217,6 @@ std::string CasToWav(const std::string& data) {
     const std::int64_t samples = std::min(end, buffer.Room);
     if (samples < 0) Fail(kInvalidCall);
     buffer.File.resize(static_cast<std::size_t>(kWavHeader + samples), kSilence);
-    const std::string header = Header(options, end);
-    std::copy(header.begin(), header.end(), buffer.File.begin());
     return std::move(buffer.File);
 }
 

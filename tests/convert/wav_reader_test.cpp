@@ -312,6 +312,13 @@ TEST_F(WavReaderTest, SamplesOfMoreThanEightBytesCountAsSilence) {
     WavFile file = Tape(std::string(100'000, '\xF0'));
     file.Bits = 0x7FF8;
     EXPECT_EQ(Decoded(file), "");
+    file = Tape(Modulated("tape"));
+    file.ByteRate = 44100;
+    for (const int bytes : {8, 9}) {
+        file.Bits = 8 * bytes;
+        file.Channels = bytes;
+        EXPECT_EQ(Decoded(file).empty(), bytes == 9) << bytes;
+    }
 }
 
 // Damage

@@ -86,6 +86,13 @@ TEST_F(WavWriterTest, TheAmplitudeIsAlways110) {
     }
 }
 
+TEST_F(WavWriterTest, TheTurnHasEightDigits) {
+    // The first sample stands 0.0000059 above its level, and the middle one 0.0000118 below; with
+    // more digits they would be at 0 and 0.0000059, which is the other side of a half.
+    EXPECT_EQ(GenerateWave(1, 110.5), "\x6F");
+    EXPECT_EQ(GenerateWave(2, 110.50001), "\x6F\x6E");
+}
+
 TEST_F(WavWriterTest, ASampleOutsideAByteFails) {
     EXPECT_EQ(FailureOf([] { GenerateWave(36.75, 145); }), 0);
     EXPECT_EQ(FailureOf([] { GenerateWave(36.75, 146); }), kOverflow);
@@ -119,6 +126,9 @@ TEST_F(WavWriterTest, TheSilenceOfTheHeaderShrinksAsItsSettingGrows) {
     EXPECT_EQ(Written({{"SilenceHeader", "44101"}}).size(), size - 88);
     // Both sides of the division are whole numbers first, halves to even.
     EXPECT_EQ(Written({{"SilenceHeader", "50.5"}}).size(), size - 88 + 882);
+    EXPECT_EQ(Written({{"SilenceHeader", "49.6"}}).size(), size - 88 + 882);
+    EXPECT_EQ(Written({{"SilenceHeader", "44101"}, {"SampleRate", "44100.6"}}).size(),
+              size + 1 - 88 + 1);
 }
 
 TEST_F(WavWriterTest, WithoutASecondLeaderThereIsNoSilenceOfTheHeader) {
@@ -235,6 +245,13 @@ TEST_F(WavWriterTest, TheRoomIsForWavesOf1200HertzAndEndsTheConversion) {
     EXPECT_EQ(FailureWith({{"SilenceHeader", "1"}}), kInvalidCall);
     EXPECT_EQ(FailureWith({{"SilenceHeader", "4"}}), 0);
     EXPECT_EQ(FailureWith({{"SampleRate", "44100"}, {"Frec1200", "-1200"}}), kInvalidCall);
+}
+
+TEST_F(WavWriterTest, TheLastWaveMayBeginAtTheLastSampleThereIsRoomFor) {
+    // Behind the silence the fifth wave begins at 864, and the room is 45 + bits * 5 * 36.75.
+    const std::string file = Written({{"BitsPerSample", "4.457"}}, Leader(5));  // 863.97
+    EXPECT_EQ(file.substr(kHeader + 44100), Pictures(Leader(5)).substr(1, 864));
+    EXPECT_EQ(FailureWith({{"BitsPerSample", "4.454"}}, Leader(5)), kInvalidCall);  // 863.42
 }
 
 TEST_F(WavWriterTest, ValuesTooLargeFail) {

@@ -5,7 +5,9 @@
 
 #include "convert/audio_fixture.h"
 #include "convert/wav.h"
+#include "core/runtime_failure.h"
 #include "memory/counted_memory.h"
+#include "support/disk_fixture.h"
 
 namespace brindlemoor::test {
 namespace {
@@ -50,6 +52,31 @@ TEST_F(TapeMemoryTest, ATapeThatCannotBeWrittenTakesNoMemoryForItsFile) {
     CountMemory(kMebibyte);
     EXPECT_ANY_THROW(WavConvert(stream, name));
     EXPECT_EQ(CountedMemory().LargeAllocations, 0U);
+}
+
+TEST_F(TapeMemoryTest, AFileWhoseSizeFitsNoHeaderFailsAndTakesNoMemory) {
+    // The last wave sticks out of the room, so that the data size is still a number of four bytes
+    // and the RIFF size, 36 more, is not.
+    GiveOptions({{"BitsPerSample", "5"}, {"SilenceStart", std::to_string(2147482597.0 / 44100)}});
+    std::string stream = Leader(5);
+    std::string name = "A.CAS";
+    CountMemory(kMebibyte);
+    EXPECT_EQ(FailureOf([&] { WavConvert(stream, name); }), kOverflow);
+    EXPECT_EQ(CountedMemory().LargeAllocations, 0U);
+    EXPECT_EQ(name, "A.CAS");
+}
+
+TEST_F(TapeMemoryTest, SamplesOfThousandsOfBytesAreNotCopied) {
+    WavFile sound;
+    sound.Bits = 4095 * 8;
+    sound.Channels = 4095;
+    sound.Samples = std::string(20'000, '\xF0');
+    std::string file = sound.Bytes();
+    std::string name = "A.WAV";
+    CountMemory(2000);
+    EXPECT_EQ(WavConvert(file, name), "");
+    // At most the file with the byte behind it.
+    EXPECT_LE(CountedMemory().LargeAllocations, 1U);
 }
 
 TEST_F(TapeMemoryTest, DecodingStoresNoSamplesBesideTheFile) {
