@@ -36,6 +36,7 @@ PlatformTable SilentPlatform() {
     table.OpenWebPage = [](const std::string&) { return false; };
     table.HasProgram = [](const std::string&) { return false; };
     table.StartProgram = [](const std::string&, const std::vector<std::string>&) { return false; };
+    table.ProgramFolder = [] { return std::string(); };
     table.ListDrives = [] { return std::vector<DriveEntry>(); };
     table.ShowBusy = [](bool) {};
     table.CloseMainWindow = [] {};

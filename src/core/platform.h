@@ -90,6 +90,9 @@ struct PlatformTable {
     std::function<bool(const std::string& program, const std::vector<std::string>& arguments)>
         StartProgram;
 
+    /// The folder that the running program lies in; empty where that is not known.
+    std::function<std::string()> ProgramFolder;
+
     /// The drives of the PC, or what stands for them.
     std::function<std::vector<DriveEntry>()> ListDrives;
 

@@ -3,7 +3,6 @@
 #include <iterator>
 #include <string>
 
-#include "core/external_program.h"
 #include "core/languages.h"
 #include "core/platform.h"
 #include "core/settings.h"
@@ -12,6 +11,7 @@
 #include "workbench/audio_convert.h"
 #include "workbench/colour_options.h"
 #include "workbench/header_info.h"
+#include "workbench/help_text.h"
 #include "workbench/info_nitros.h"
 #include "workbench/principal.h"
 
@@ -44,7 +44,7 @@ void HelpMenuClicked(int index) {
     Menu& languages = MenuOf(Principal, "LanguageMenu");
     if (index == 0) {
         const MenuItem& checked = ItemOf(languages, Settings.LanguageIndex);
-        StartExternalProgram(ProgramRole::TextEditor, "Brindlemoor " + checked.Caption);
+        OpenHelpText(checked.Caption);
     } else if (index == 1) {
         Platform.OpenWebPage(kMakersPage);
     } else {

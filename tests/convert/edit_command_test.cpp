@@ -11,6 +11,8 @@
 #include "core/byte_helpers.h"
 #include "core/disk_state.h"
 #include "core/settings.h"
+#include "filesystems/commit.h"
+#include "image/read_disk.h"
 #include "support/command_fixture.h"
 #include "support/decb_builder.h"
 #include "support/disk_fixture.h"
@@ -385,6 +387,25 @@ TEST_F(EditTest, TheOldRowIsPlacedAnewAndANewRowHoldsTheBytes) {
     const auto granule = static_cast<std::size_t>(DirTable[kAscii].FirstUnit);
     const std::size_t place = (granule > 33 ? granule + 2 : granule) * 2304;
     EXPECT_EQ(Disk.ImageBytes.substr(place, 12), "10 CLS\r20 B\r");
+}
+
+/// What README says of an edit, so that it stays true.
+TEST_F(EditTest, ALongerEditIsReadBackWithTheOldLengthAndTheOldGranuleStaysTaken) {
+    Editor([](const std::string& text) { return text + "30 END\r"; });
+    const auto before = static_cast<std::size_t>(DirTable[kAscii].FirstUnit);
+    Edit(kAscii, {Answer::No, Answer::Ok});
+    ReadDisk();
+    EXPECT_EQ(DirTable[kAscii].Content, "10 CLS\r20 A\r");
+    EXPECT_NE(DirTable[kAscii].FirstUnit, static_cast<std::int32_t>(before));
+    EXPECT_NE(Disk.FatBytes[before], '\xFF');
+}
+
+TEST_F(EditTest, TheSaveButtonsCommitPutsTheOldBytesBack) {
+    EditorChangesA();
+    Edit(kAscii, {Answer::No, Answer::Ok});
+    CommitDirectory();
+    ReadDisk();
+    EXPECT_EQ(DirTable[kAscii].Content, "10 CLS\r20 A\r");
 }
 
 }  // namespace

@@ -25,6 +25,7 @@ TEST(SilentPlatform, DoesAndFindsNothing) {
     Picture picture;
     EXPECT_EQ(table.SavePicture(picture), "");
     EXPECT_FALSE(table.LoadPicture("bytes", picture));
+    EXPECT_EQ(table.ProgramFolder(), "");
     EXPECT_TRUE(table.ListDrives().empty());
     EXPECT_EQ(table.ChooseColour(0x112233), 0x112233);
     table.ShowModal("window");

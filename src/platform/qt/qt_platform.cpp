@@ -2,8 +2,10 @@
 
 #include <QApplication>
 #include <QColorDialog>
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -167,6 +169,9 @@ PlatformTable QtPlatform() {
     table.LoadPicture = ReadPictureFile;
     table.HasProgram = IsProgramInstalled;
     table.StartProgram = StartProgramDetached;
+    table.ProgramFolder = [] {
+        return QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString();
+    };
     table.ListDrives = DrivesOfPc;
     table.ShowBusy = [](bool busy) {
         if (busy) {

@@ -126,6 +126,7 @@ PlatformTable ScriptedPlatform(Script& script) {
         if (script.ProgramsStart && script.OnProgram) script.OnProgram(script.Programs.back());
         return script.ProgramsStart;
     };
+    table.ProgramFolder = [&script] { return script.ProgramFolder; };
     table.ListDrives = [&script] { return script.Drives; };
     table.ShowBusy = [&script](bool busy) { script.Busy.push_back(busy); };
     table.CloseMainWindow = [&script] { script.Closed = true; };

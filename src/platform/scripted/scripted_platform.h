@@ -43,6 +43,7 @@ struct Script {
     std::deque<std::int32_t> Colours;  ///< taken by colour choosers; then the user gives up
     std::vector<DriveEntry> Drives;
     std::function<bool(const std::string& program)> IsInstalled;  ///< none: every program is
+    std::string ProgramFolder;
     bool ProgramsStart = true;  ///< what `StartProgram` and `OpenWebPage` answer
     std::function<void(const ShownMessage&)> OnMessage;    ///< runs while the box stands open
     std::function<void(const StartedProgram&)> OnProgram;  ///< runs as the program that was started
