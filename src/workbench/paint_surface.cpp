@@ -25,9 +25,10 @@ PaintSurface OpenPaintSurface(int width, int height) {
     ViewFile(PrincipalViewer, kRedraw);
     return {&PrincipalViewer.Surface, [=] {
                 Control& control = PrincipalControl("Archivo");
-                const bool laidOutAnew =
-                    control.Width != TwipsAround(width) || control.Height != TwipsAround(height);
-                if (!laidOutAnew) SetSize(control, oldWidth, oldHeight);
+                const bool sameWidth = control.Width == TwipsAround(width);
+                const bool sameHeight = control.Height == TwipsAround(height);
+                SetSize(control, sameWidth ? oldWidth : control.Width,
+                        sameHeight ? oldHeight : control.Height);
             }};
 }
 

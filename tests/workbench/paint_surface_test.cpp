@@ -9,6 +9,7 @@
 #include "workbench/principal.h"
 #include "workbench/principal_viewer.h"
 #include "workbench/viewer.h"
+#include "workbench/window_layout.h"
 
 namespace brindlemoor::test {
 namespace {
@@ -49,6 +50,17 @@ TEST_F(PaintSurfaceTest, AWindowLaidOutAnewMeanwhileKeepsItsLayout) {
     surface.GiveBack();
     EXPECT_EQ(Shown().Width, 9000);
     EXPECT_EQ(Shown().Height, 3000);
+}
+
+/// Laying out settles the width alone; the height is not to stay that of the painted picture.
+TEST_F(PaintSurfaceTest, AWindowWidenedMeanwhileKeepsTheWidthAndGetsItsHeightBack) {
+    const int height = Shown().Height;
+    const PaintSurface surface = OpenPaintSurface(128, 40);
+    ResizePrincipal(Principal.Width + 3000, Principal.Height);
+    const int width = Shown().Width;
+    surface.GiveBack();
+    EXPECT_EQ(Shown().Width, width);
+    EXPECT_EQ(Shown().Height, height);
 }
 
 }  // namespace

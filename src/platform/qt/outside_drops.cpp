@@ -66,7 +66,8 @@ DropRoutine RoutineFor(const std::vector<std::string>& paths, bool overDirectory
     return overDirectory && TakesFilesForDisk(paths) ? DropFilesOnDirectory : nullptr;
 }
 
-/// The file manager waits for the end of its drag, so that what the drop does comes behind it.
+/// The file manager waits for the end of its drag, so that what the drop does comes behind it. A
+/// box or a menu may have opened by then: under it nothing is to change.
 bool OnWindowEvent(QWidget* window, const QWidget* directory, QEvent* event) {
     if (!BringsFiles(event)) return false;
     auto* drop = static_cast<QDropEvent*>(event);
@@ -80,7 +81,9 @@ bool OnWindowEvent(QWidget* window, const QWidget* directory, QEvent* event) {
     drop->accept();
     if (event->type() != QEvent::Drop) return true;
     window->activateWindow();
-    RunLater(window, 0, [paths, routine] { UserAction([&] { routine(paths); }); });
+    RunLater(window, 0, [paths, routine] {
+        if (IsFree()) UserAction([&] { routine(paths); });
+    });
     return true;
 }
 
