@@ -73,18 +73,23 @@ void PlaceCellEditor() {
 
 namespace {
 
+/// What the editor shows of a cell: its text without blanks around it, in a text box as far as that
+/// has room.
+std::string EditedText(int col, const std::string& cell) {
+    const std::string text = Trim(cell);
+    return IsListColumn(col) ? text : Left(text, EditorOf(col).MaxLength);
+}
+
 void OpenEditor(int row, int col) {
     Control& editor = EditorOf(col);
-    const std::string text = Trim(CellText(row, col));
     if (IsListColumn(col)) {
         const int items = col == kTypeColumn ? kTypeItemsMessage : kFormatItemsMessage;
         editor.Items = SplitText(MessageText(items), ",");
         editor.ListIndex = -1;
-        editor.Text = text;
     } else {
         editor.MaxLength = col == kNameColumn ? kNameLength : kExtensionLength;
-        editor.Text = Left(text, editor.MaxLength);
     }
+    editor.Text = EditedText(col, CellText(row, col));
     const bool bold = CellOf(ListDirec, row, col).Bold;
     editor.Font = bold ? FontKind::FixedBold : FontKind::Fixed;
     editor.SelStart = 0;
@@ -116,10 +121,11 @@ std::string WhatCounts(int col, const std::string& text) {
     return Left(text, IsListColumn(col) ? 1 : EditorOf(col).MaxLength);
 }
 
-/// The editor shows a cell without its blanks, as far as it has room. One that was only looked at
-/// changes nothing: else a padded name would lose its padding, and a long one its end.
-bool IsAnotherText(int col, const std::string& text, const std::string& cell) {
-    return text != cell && text != WhatCounts(col, Trim(cell));
+/// A cell that was only looked at changes nothing: else a padded name would lose its padding, a
+/// long one its end, and a type its second digit.
+bool IsAnotherText(int col, const std::string& cell) {
+    const std::string& typed = EditorOf(col).Text;
+    return typed != EditedText(col, cell) && WhatCounts(col, typed) != cell;
 }
 
 void CloseEditor() {
@@ -136,7 +142,7 @@ bool KeepEdit() {
     bool stay = false;
     FinishCellEdit(edited.Row, edited.Column, value, stay);
     if (stay) {
-        GiveFocus(EditorOf(edited.Column));
+        ReturnToCellEditor();
     } else {
         CloseEditor();
     }
@@ -175,7 +181,7 @@ void FinishCellEdit(int row, int col, std::string& value, bool& stayInEdit) {
         return;
     }
     const std::string text = WhatCounts(col, EditorOf(col).Text);
-    if (IsAnotherText(col, text, CellText(row, col))) {
+    if (IsAnotherText(col, CellText(row, col))) {
         value = UpperCase(text);
         SetCellText(ListDirec, row, col, value);
         RefreshModified();
@@ -191,6 +197,10 @@ bool EndCellEdit() {
     if (!KeepEdit()) return false;
     GiveFocus(PrincipalControl("ListDirec"));
     return true;
+}
+
+void ReturnToCellEditor() {
+    if (ListDirec.Edited.Row != 0) GiveFocus(EditorOf(ListDirec.Edited.Column));
 }
 
 void CancelCellEdit() {

@@ -30,6 +30,9 @@ bool EndCellEdit();
 /// open.
 void CancelCellEdit();
 
+/// The editor that stands open, if one does, takes the focus again.
+void ReturnToCellEditor();
+
 /// Puts the editor that stands open over its cell, which may have moved.
 void PlaceCellEditor();
 

@@ -10,6 +10,7 @@
 #include "core/pc_folders.h"
 #include "core/runtime_failure.h"
 #include "image/open_image.h"
+#include "workbench/cell_edit.h"
 #include "workbench/file_drag.h"
 #include "workbench/pc_pane.h"
 #include "workbench/principal.h"
@@ -56,7 +57,7 @@ bool TakesDroppedFiles(const std::vector<std::string>& paths) {
 }
 
 void DropFilesFromOutside(const std::vector<std::string>& paths) {
-    if (!TakesDroppedFiles(paths)) return;
+    if (!TakesDroppedFiles(paths) || !EndCellEdit()) return;
     std::string folder;
     std::string name;
     SplitPath(paths[0], folder, name);
@@ -75,7 +76,7 @@ bool TakesFilesForDisk(const std::vector<std::string>& paths) {
 }
 
 void DropFilesOnDirectory(const std::vector<std::string>& paths) {
-    if (!TakesFilesForDisk(paths)) return;
+    if (!TakesFilesForDisk(paths) || !EndCellEdit()) return;
     std::vector<PcFile> files;
     for (const std::string& text : paths) {
         const std::filesystem::path path(text);

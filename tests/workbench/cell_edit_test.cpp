@@ -187,6 +187,21 @@ TEST_F(CellEditTest, LookingAtALongerNameDoesNotCutIt) {
     EXPECT_EQ(Disk.ImageBytes, Original);
 }
 
+TEST_F(CellEditTest, OfATypeOfTwoDigitsTheFirstCanBeChosen) {
+    DirTable[3].FileType = 12;
+    SetCellText(ListDirec, 4, 3, "12");
+    ASSERT_TRUE(Begin(4, 3));
+    ASSERT_EQ(ListEditor().Text, "12");
+    ListEditor().Key(kKeyEnter);
+    EXPECT_EQ(DirTable[3].FileType, 12);  // it was only looked at
+    ASSERT_TRUE(Begin(4, 3));
+    ClickListEntry(ListEditor(), 1);
+    ListEditor().Key(kKeyEnter);
+    EXPECT_EQ(DirTable[3].FileType, 1);
+    EXPECT_EQ(Shown(4, 3), "1");
+    EXPECT_EQ(Slot(3)[11], 1);
+}
+
 TEST_F(CellEditTest, BlanksTypedBehindAShortNamePadItAgain) {
     Edit(1, 1, "short");
     ASSERT_EQ(DirTable[0].Name, "SHORT");

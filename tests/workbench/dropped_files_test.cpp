@@ -38,6 +38,20 @@ class DroppedFilesTest : public test::WorkbenchTest {
 
     std::string At(const std::string& name) const { return Elsewhere_ + "/" + name; }
 
+    /// Opens a disk with one file and types a name into its cell, without the Enter key.
+    void EditTheOnlyName(const std::string& name) {
+        const std::string image =
+            test::DecbBuilder().File(0, "ALPHA   ", "BAS", 0, 0, {10}, "10 CLS").Image();
+        WriteTestFile(Elsewhere_, "ONE.DSK", image);
+        DropFilesFromOutside({At("ONE.DSK")});
+        ListDirec.RowSelected.assign(1, true);
+        ListDirec.SelectedRow = 1;
+        Disk.DirCount = 0;
+        ListDirec.EditRequest(1, 1, 0);
+        SetText(PrincipalControl("txtEdit"), name);
+        script_.Messages.clear();
+    }
+
     static Control& Files() { return PrincipalControl("File1"); }
 
     std::string Elsewhere_;
@@ -134,6 +148,22 @@ TEST_F(DroppedFilesTest, UnsavedChangesAreAskedForAsAtAClick) {
     EXPECT_EQ(PrincipalControl("PathDsk").Text, At("A.DSK"));
 }
 
+TEST_F(DroppedFilesTest, AnOpenEditIsKeptFirstAndAskedFor) {
+    EditTheOnlyName("EIGHTCHR");
+    DropFilesFromOutside({At("A.DSK")});
+    EXPECT_EQ(MessageTexts(script_), Texts{MessageText(4)});  // the answer is Cancel
+    EXPECT_EQ(PrincipalControl("PathDsk").Text, At("ONE.DSK"));
+    EXPECT_EQ(Disk.ImageBytes.substr(78848, 8), "EIGHTCHR");
+}
+
+TEST_F(DroppedFilesTest, AnEmptyEditorKeepsTheDiskOpen) {
+    EditTheOnlyName("");
+    DropFilesFromOutside({At("A.DSK")});
+    EXPECT_EQ(MessageTexts(script_), Texts{MessageText(6)});
+    EXPECT_EQ(PrincipalControl("PathDsk").Text, At("ONE.DSK"));
+    EXPECT_EQ(ListDirec.Edited.Row, 1);
+}
+
 TEST_F(DroppedFilesTest, WhatIsNotTakenDoesNothing) {
     DropFilesFromOutside({});
     DropFilesFromOutside({At("NOTE.TXT")});
@@ -187,6 +217,14 @@ TEST_F(DroppedOnDirectoryTest, TheyGoIntoTheDiskAsFromTheFileList) {
     EXPECT_EQ(MenuOf(Principal, "PopMenu").Items[6].Tag, "Copiar PC");
     EXPECT_EQ(Files().Path, PcFolder);
     EXPECT_TRUE(script_.Messages.empty());
+}
+
+TEST_F(DroppedOnDirectoryTest, AnOpenEditIsKeptFirst) {
+    EditTheOnlyName("EIGHTCHR");
+    DropFilesOnDirectory({At("first.bas")});
+    EXPECT_EQ(DirTable[0].Name, "EIGHTCHR");
+    EXPECT_EQ(Disk.ImageBytes.substr(78848, 11), "EIGHTCHRBAS");
+    EXPECT_EQ(Disk.ImageBytes.substr(78848 + 32, 11), "FIRST   BAS");
 }
 
 TEST_F(DroppedOnDirectoryTest, GivingTheQuestionForANameUpEndsTheDrop) {

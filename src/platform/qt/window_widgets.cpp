@@ -21,6 +21,7 @@
 #include "platform/qt/simple_widgets.h"
 #include "platform/qt/tab_strip.h"
 #include "platform/qt/text.h"
+#include "workbench/cell_edit.h"
 #include "workbench/principal.h"
 
 namespace brindlemoor {
@@ -128,6 +129,32 @@ void HookCommonEvents(QWidget* widget, ControlRef place) {
     });
 }
 
+/// Whether the press of a button of the mouse on the widget moves the focus.
+bool TakesFocusByPress(const QWidget* widget) {
+    while (widget != nullptr && (widget->focusPolicy() & Qt::ClickFocus) == 0) {
+        widget = widget->parentWidget();
+    }
+    return widget != nullptr;
+}
+
+/// An editor of a cell that did not close when a press took the focus from it has something to be
+/// mended first. That press does nothing, and the editor has the focus again.
+void DropPressBesideEditor(QWidget* widget) {
+    HookEvents(widget, [widget](QEvent* event) {
+        const bool press = event->type() == QEvent::MouseButtonPress ||
+                           event->type() == QEvent::MouseButtonDblClick;
+        if (!press || ListDirec.Edited.Row == 0 || !TakesFocusByPress(widget)) return false;
+        UserAction(ReturnToCellEditor);
+        return true;
+    });
+}
+
+void DropPressesBesideEditor(QWidget* widget, const Control& record) {
+    if (record.Container == "ListDirec") return;  // an editor itself
+    DropPressBesideEditor(widget);
+    for (QWidget* part : widget->findChildren<QWidget*>()) DropPressBesideEditor(part);
+}
+
 ControlWidget MakeControl(const WindowWidgets& widgets, ControlRef place) {
     ControlWidget made;
     const Control& record = RecordOf(place);
@@ -144,6 +171,7 @@ ControlWidget MakeControl(const WindowWidgets& widgets, ControlRef place) {
     made.Widget->setObjectName(ToText(record.Name) + QString::number(record.Index));
     ShowFont(made.Widget, record.Font);
     HookCommonEvents(made.Widget, place);
+    if (place.Owner == &Principal) DropPressesBesideEditor(made.Widget, record);
     const bool dragged = record.Kind == ControlKind::Grid || record.Kind == ControlKind::FileList;
     if (dragged) FollowDrags(qobject_cast<QAbstractItemView*>(made.Widget), place);
     made.Widget->setVisible(record.Visible);

@@ -10,9 +10,11 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
+#include <QTimer>
 #include <string>
 #include <vector>
 
+#include "core/byte_helpers.h"
 #include "core/disk_state.h"
 #include "platform/qt/shell.h"
 #include "support/decb_builder.h"
@@ -205,6 +207,44 @@ TEST_F(CellWindowTest, AClickElsewhereLeavesAnEmptyEditorOpenAndChoosesNoRow) {
     EXPECT_EQ(Cell(0, 1), "ALPHA   ");
 }
 
+TEST_F(CellWindowTest, AClickOnAnotherControlDoesNothingWhileAnEmptyEditorIsOpen) {
+    DoubleClick(1, 0);
+    Type(TextEditor(), "CHANGED1");
+    QTest::keyClick(TextEditor(), Qt::Key_Return);
+    DoubleClick(0, 0);
+    QTest::keyClick(TextEditor(), Qt::Key_Delete);
+    auto* save = Find<QPushButton>("SaveBtn");
+    auto* characters = Find<QComboBox>("OpciónChar"_w);
+    for (QWidget* other : {static_cast<QWidget*>(save), static_cast<QWidget*>(characters),
+                           Files()->viewport(), static_cast<QWidget*>(Directory()->viewport())}) {
+        Window_.Widget->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(Window_.Widget.get()));
+        int boxes = 0;
+        const WhenOpen box(Box::Dialog, [&](QWidget* dialog) {
+            ++boxes;
+            QTest::keyClick(dialog, Qt::Key_Return);
+        });
+        QTest::mouseClick(other, Qt::LeftButton, Qt::NoModifier, QPoint(20, 8));
+        EXPECT_EQ(boxes, 1);
+        EXPECT_TRUE(TextEditor()->isVisible());
+        EXPECT_EQ(Focus(), TextEditor());
+    }
+    EXPECT_FALSE(save->isDown());
+    EXPECT_FALSE(characters->view()->isVisible());
+    EXPECT_EQ(PrincipalControl("PathDsk").Text, PcFolder + "/COCO.DSK");
+    EXPECT_EQ(FileBytes(PcFolder + "/COCO.DSK").substr(78848 + 32, 8), "BETA    ");
+    QTest::keyClick(TextEditor(), Qt::Key_Escape);
+    EXPECT_EQ(Cell(0, 1), "ALPHA   ");
+}
+
+TEST_F(CellWindowTest, TheSaveButtonKeepsTheOpenEditAndSavesIt) {
+    DoubleClick(0, 0);
+    Type(TextEditor(), "BYBUTTON");
+    QTest::mouseClick(Find<QPushButton>("SaveBtn"), Qt::LeftButton);
+    EXPECT_FALSE(TextEditor()->isVisible());
+    EXPECT_EQ(FileBytes(PcFolder + "/COCO.DSK").substr(78848, 8), "BYBUTTON");
+}
+
 TEST_F(CellWindowTest, KeysThatTheEditorHasNoUseForDoNotMoveInTheGrid) {
     DoubleClick(0, 0);
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_PageDown, Qt::Key_F2, Qt::Key_Up}) {
@@ -389,6 +429,24 @@ TEST_F(CellWindowTest, TheEditorScrollsWithItsCell) {
     Directory()->verticalScrollBar()->setValue(0);
     EXPECT_EQ(TextEditor()->geometry(), CellRect(6, 0));
     QTest::keyClick(TextEditor(), Qt::Key_Escape);
+}
+
+TEST_F(CellWindowTest, ClosingTheWindowAsksNothingOfAnEmptyEditor) {
+    DoubleClick(0, 0);
+    QTest::keyClick(TextEditor(), Qt::Key_Delete);
+    int boxes = 0;
+    QTimer closer;
+    QObject::connect(&closer, &QTimer::timeout, [&boxes] {
+        if (QWidget* box = QApplication::activeModalWidget()) {
+            ++boxes;
+            box->close();
+        }
+    });
+    closer.start(20);
+    Window_.Widget->close();
+    QTest::qWait(100);
+    EXPECT_EQ(boxes, 0);
+    EXPECT_EQ(ExitCode, 0);
 }
 
 TEST_F(CellWindowTest, AWindowThatGoesWithAnOpenEditorGoesInPeace) {
