@@ -14,8 +14,10 @@
 #include "core/byte_helpers.h"
 #include "core/disk_state.h"
 #include "core/external_program.h"
+#include "core/platform.h"
 #include "core/safe_file_name.h"
 #include "core/screen.h"
+#include "core/settings.h"
 #include "image/pc_file.h"
 
 namespace brindlemoor {
@@ -118,15 +120,30 @@ Command CommandOf(int index) {
     return nullptr;
 }
 
+/// What was made of one drive of a hard disk image must not take the place of the whole image.
+void TellThatOnlyAPartWasRead(const std::string& path) {
+    const bool spanish = Settings.LanguageIndex != 0;
+    Platform.ShowMessage(
+        (spanish ? "Solo se leyó una parte de este archivo, que por eso queda como está:"_w
+                 : "Only a part of this file was read, which therefore stays as it is:"_w) +
+            "\r\n" + path,
+        Disk.AppTitle, Buttons::Ok, MessageIcon::Exclamation);
+}
+
 /// `made` becomes true when a file that was not there before may have come to be.
 RunStep RunOnFile(Command command, FileRun run, bool& made) {
     const std::string source = run.FullPath;
     std::string path = source;
     std::string bytes;
     if (!LoadPcFile("A", path, bytes, 0)) return RunStep::GoOn;
+    const bool partly = LastPartRead.Length != 0;
     Disk.PcFileBytes = std::move(bytes);
     const RunStep step = command(run);
     if (!run.Changed || run.Result.empty()) return step;
+    if (partly && run.FullPath == source) {
+        TellThatOnlyAPartWasRead(source);
+        return step;
+    }
     StoreOnPc(run.FullPath, run.Result);
     made = made || run.FullPath != source;
     return step;

@@ -51,6 +51,19 @@ TEST_F(PcCommandsTest, EachOfTheThreeStartsItsProgramOnTheFileItself) {
     }
 }
 
+TEST_F(PcCommandsTest, WhatWasMadeOfOneDriveNeverTakesThePlaceOfTheHardDisk) {
+    constexpr std::uintmax_t kHardDisk = 94371840 + 1;
+    SelectFiles({{"HARDCCC", "no dot, so that the name stays"}});
+    fs::resize_file(PcFolder + "/HARDCCC", kHardDisk);
+    RunPc(25);
+    EXPECT_EQ(fs::file_size(PcFolder + "/HARDCCC"), kHardDisk);
+    ASSERT_FALSE(script_.Messages.empty());
+    EXPECT_EQ(script_.Messages.back().Text,
+              "Only a part of this file was read, which therefore stays as it is:\r\n" + PcFolder +
+                  "/HARDCCC");
+    EXPECT_EQ(PcFiles(), Texts{"HARDCCC"});
+}
+
 TEST_F(PcCommandsTest, Command1OnAPcFileNeverConvertsAnything) {
     SelectFiles({{"A.BAS", CocoTokens()}, {"HIGH.TXT", "\xEF\xC1"}});
     RunPc(1);
