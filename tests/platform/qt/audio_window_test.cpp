@@ -53,13 +53,6 @@ class AudioWindowTest : public WindowTest {
         ClickItem(options, "Audio");
     }
 
-    template <typename Widget>
-    static Widget* In(QWidget* dialog, const std::string& name) {
-        auto* widget = dialog->findChild<Widget*>(QString::fromStdString(name) + "0");
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
-    }
-
     static std::string TextOf(QWidget* dialog, const std::string& name) {
         return In<QComboBox>(dialog, name)->currentText().toStdString();
     }

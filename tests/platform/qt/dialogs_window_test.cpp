@@ -34,19 +34,6 @@ namespace {
 
 class DialogsTest : public WindowTest {
   protected:
-    /// A widget of the dialog that stands open, by its control's name.
-    template <typename Widget>
-    static Widget* In(QWidget* dialog, const std::string& name, int index = 0) {
-        auto* widget =
-            dialog->findChild<Widget*>(QString::fromStdString(name) + QString::number(index));
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
-    }
-
-    static void Press(QWidget* button) {
-        QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, QPoint(10, button->height() / 2));
-    }
-
     /// Clicks into a field and types over all that stands there.
     static void Type(QWidget* field, const std::string& text) {
         ASSERT_TRUE(QTest::qWaitForWindowActive(field->window()));

@@ -28,19 +28,6 @@ namespace {
 
 class FilesWindowTest : public WindowTest {
   protected:
-    /// A widget of the dialog that stands open, by its control's name.
-    template <typename Widget>
-    static Widget* In(QWidget* dialog, const std::string& name, int index = 0) {
-        auto* widget =
-            dialog->findChild<Widget*>(QString::fromStdString(name) + QString::number(index));
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
-    }
-
-    static void Press(QAbstractButton* button) {
-        QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, QPoint(10, button->height() / 2));
-    }
-
     /// Types a path into the file dialog and accepts it.
     static void Choose(QWidget* box, const std::string& path) {
         auto* dialog = qobject_cast<QFileDialog*>(box);

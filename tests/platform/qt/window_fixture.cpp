@@ -87,6 +87,10 @@ void WindowTest::EndProgram() {
     ListDirec = Grid();
 }
 
+void WindowTest::Press(QWidget* button) {
+    QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, QPoint(10, button->height() / 2));
+}
+
 void WindowTest::ClickFile(const std::string& name) const {
     QListWidget* list = Files();
     for (int row = 0; row < list->count(); ++row) {

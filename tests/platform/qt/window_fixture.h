@@ -33,6 +33,18 @@ class WindowTest : public SettingsTest {
         return widget;
     }
 
+    /// A widget of the dialog that stands open, by its control's name.
+    template <typename Widget>
+    static Widget* In(QWidget* dialog, const std::string& name, int index = 0) {
+        auto* widget =
+            dialog->findChild<Widget*>(QString::fromStdString(name) + QString::number(index));
+        EXPECT_NE(widget, nullptr) << name;
+        return widget;
+    }
+
+    /// Clicks a button at its left, where a check box or an option has its mark.
+    static void Press(QWidget* button);
+
     QListWidget* Files() const { return Find<QListWidget>("File1"); }
     QTableView* Directory() const { return Find<QTableView>("ListDirec"); }
     QMenuBar* Bar() const { return Window_.Widget->menuBar(); }
