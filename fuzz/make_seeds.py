@@ -61,9 +61,9 @@ def os9_sectors(image):
     found = {0}
     bitmap = struct.unpack(">H", image[4:6])[0]
     found.update(range(1, 1 + (bitmap + SECTOR - 1) // SECTOR))
-    todo = [int.from_bytes(image[8:11], "big")]
-    while todo:
-        lsn = todo.pop()
+    waiting = [int.from_bytes(image[8:11], "big")]
+    while waiting:
+        lsn = waiting.pop()
         if lsn in found or lsn * SECTOR >= len(image):
             continue
         found.add(lsn)
@@ -80,7 +80,7 @@ def os9_sectors(image):
                 for entry in range(0, min(SECTOR, left), 32):
                     row = sector(image, number)[entry:entry + 32]
                     if row[0] and row[0] not in (0x2E, 0xAE):
-                        todo.append(int.from_bytes(row[29:32], "big"))
+                        waiting.append(int.from_bytes(row[29:32], "big"))
                 left -= SECTOR
     return sorted(found)
 
