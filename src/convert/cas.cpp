@@ -123,8 +123,9 @@ void TakeFile(TapeFile& file, const std::string& data) {
 std::string NameBlock(const TapeFile& file) {
     std::string body = file.Name;
     body.resize(kNameLength, ' ');
-    body += {static_cast<char>(file.Type), static_cast<char>(file.AsciiFlag),
-             static_cast<char>(file.GapFlag)};
+    body += static_cast<char>(file.Type);
+    body += static_cast<char>(file.AsciiFlag);
+    body += static_cast<char>(file.GapFlag);
     return CasMakeBlock(body + file.FirstField + file.SecondField, kNameBlock);
 }
 

@@ -23,11 +23,6 @@ class FileFaultTest : public testing::Test {
         path_ = WriteTestFile(folder_, "disk.dsk", old_);
     }
 
-    std::size_t Files() const {
-        return static_cast<std::size_t>(
-            std::distance(fs::directory_iterator(folder_), fs::directory_iterator()));
-    }
-
     FileOperationsKept kept_;
     std::string folder_;
     std::string path_;
@@ -42,7 +37,7 @@ TEST_F(FileFaultTest, AFailureOfAnyStepLeavesTheOldFileAndNoOther) {
         EXPECT_EQ(ReplaceFile(path_, new_, Flush::ToDisk), std::errc::no_space_on_device)
             << static_cast<int>(step);
         EXPECT_EQ(FileBytes(path_), old_) << static_cast<int>(step);
-        EXPECT_EQ(Files(), 1U) << static_cast<int>(step);
+        EXPECT_EQ(FilesIn(folder_), 1U) << static_cast<int>(step);
     }
     FileOperations = SystemFileOperations();
     EXPECT_FALSE(ReplaceFile(path_, new_, Flush::ToDisk));

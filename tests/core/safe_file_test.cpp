@@ -17,11 +17,6 @@ class SafeFileTest : public testing::Test {
   protected:
     void SetUp() override { folder_ = FreshFolder(); }
 
-    std::size_t Files() const {
-        return static_cast<std::size_t>(
-            std::distance(fs::directory_iterator(folder_), fs::directory_iterator()));
-    }
-
     std::string folder_;
 };
 
@@ -30,7 +25,7 @@ TEST_F(SafeFileTest, AFileIsMadeAndReplaced) {
     EXPECT_FALSE(ReplaceFile(path, "one", Flush::ToDisk));
     EXPECT_FALSE(ReplaceFile(path, "two", Flush::No));
     EXPECT_EQ(FileBytes(path), "two");
-    EXPECT_EQ(Files(), 1U);
+    EXPECT_EQ(FilesIn(folder_), 1U);
 }
 
 TEST_F(SafeFileTest, AFailureHalfWayLeavesTheOldFileAndNoOther) {
@@ -41,7 +36,7 @@ TEST_F(SafeFileTest, AFailureHalfWayLeavesTheOldFileAndNoOther) {
         EXPECT_EQ(ReplaceFile(path, std::string(500000, 'x'), flush).value(), EFBIG);
     }
     EXPECT_EQ(FileBytes(path), "old");
-    EXPECT_EQ(Files(), 1U);
+    EXPECT_EQ(FilesIn(folder_), 1U);
 }
 
 TEST_F(SafeFileTest, WhatIsNoOrdinaryFileIsRefused) {
@@ -54,7 +49,7 @@ TEST_F(SafeFileTest, WhatIsNoOrdinaryFileIsRefused) {
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_EQ(ReplaceFile(pipe, "x", Flush::No), std::errc::not_supported);
     EXPECT_TRUE(fs::is_fifo(pipe));
-    EXPECT_EQ(Files(), 1U);
+    EXPECT_EQ(FilesIn(folder_), 1U);
 }
 
 TEST_F(SafeFileTest, AZeroByteBehindALinksNameLeadsNowhere) {
@@ -83,7 +78,18 @@ TEST_F(SafeFileTest, FilesOfOthersThatLookLikeOursAreNotTouched) {
     EXPECT_FALSE(ReplaceFile(folder_ + "/a", "new", Flush::No));
     EXPECT_EQ(FileBytes(folder_ + "/~save0.tmp"), "somebody's");
     EXPECT_EQ(FileBytes(folder_ + "/a"), "new");
-    EXPECT_EQ(Files(), 2U);
+    EXPECT_EQ(FilesIn(folder_), 2U);
+}
+
+TEST_F(SafeFileTest, WithoutAFreeNameTheOldFileStandsAndSoDoAllOthers) {
+    const std::string path = WriteTestFile(folder_, "a", "old");
+    for (int number = 0; number < 1000; ++number) {
+        WriteTestFile(folder_, "~save" + std::to_string(number) + ".tmp", "somebody's");
+    }
+    EXPECT_EQ(ReplaceFile(path, "new", Flush::No), std::errc::file_exists);
+    EXPECT_EQ(FileBytes(path), "old");
+    EXPECT_EQ(FileBytes(folder_ + "/~save999.tmp"), "somebody's");
+    EXPECT_EQ(FilesIn(folder_), 1001U);
 }
 
 TEST_F(SafeFileTest, LinksStayLinksAlsoWhenTheyLeadNowhereYet) {

@@ -23,11 +23,6 @@ class TemporaryFileTest : public testing::Test {
         wanted_ = folder_ + "/A.BAS.TMP";
     }
 
-    std::size_t Files() const {
-        return static_cast<std::size_t>(
-            std::distance(fs::directory_iterator(folder_), fs::directory_iterator()));
-    }
-
     FileOperationsKept kept_;
     std::string folder_;
     std::string wanted_;
@@ -41,7 +36,7 @@ TEST_F(TemporaryFileTest, HoldsTheBytesUnderTheWantedNameAndGoesWithTheRecord) {
         EXPECT_EQ(file.Path, wanted_);
         EXPECT_EQ(FileBytes(wanted_), bytes);
     }
-    EXPECT_EQ(Files(), 0U);
+    EXPECT_EQ(FilesIn(folder_), 0U);
 }
 
 TEST_F(TemporaryFileTest, IsReadableByTheUserAlone) {
@@ -64,7 +59,7 @@ TEST_F(TemporaryFileTest, AFileOfTheUserOfThatNameStays) {
     }
     EXPECT_EQ(FileBytes(wanted_), "the user's");
     EXPECT_EQ(FileBytes(folder_ + "/A.BAS.1.TMP"), "another");
-    EXPECT_EQ(Files(), 2U);
+    EXPECT_EQ(FilesIn(folder_), 2U);
 }
 
 TEST_F(TemporaryFileTest, ALinkOfThatNameIsNotFollowed) {
@@ -88,7 +83,7 @@ TEST_F(TemporaryFileTest, AWriteThatFailsLeavesNothing) {
         TemporaryFile file;
         EXPECT_EQ(MakeTemporaryFile(wanted_, "text", file), std::errc::no_space_on_device);
         EXPECT_EQ(file.Path, "");
-        EXPECT_EQ(Files(), 0U);
+        EXPECT_EQ(FilesIn(folder_), 0U);
     }
 }
 
@@ -108,7 +103,7 @@ TEST_F(TemporaryFileTest, GoesAlsoWhenAFailurePasses) {
         Fail(kOverflow);
     });
     EXPECT_TRUE(failure.has_value());
-    EXPECT_EQ(Files(), 0U);
+    EXPECT_EQ(FilesIn(folder_), 0U);
 }
 
 TEST_F(TemporaryFileTest, ReadsBackWhatAnotherProgramPutIntoItsPlace) {

@@ -55,10 +55,6 @@ class OpenImageTest : public DiskTest {
 const std::vector<std::string> kOnlyViewed = {"view"};
 const std::vector<std::string> kOpened = {"view", "sort", "map-1", "grid", "sector-1"};
 
-std::string OneFileDisk() {
-    return DecbBuilder().File(0, "HELLO", "BAS", 0, 0, {3}, "bytes").Image();
-}
-
 TEST_F(OpenImageTest, AClickOpensAnImageInThisOrder) {
     Click("a.dsk", OneFileDisk());
     EXPECT_EQ(calls_, kOpened);

@@ -14,12 +14,8 @@ namespace {
 
 using ReadAgainTest = DiskTest;
 
-std::string OneFile() {
-    return DecbBuilder().File(0, "HELLO   ", "BAS", 0, 0, {3}, "bytes").Image();
-}
-
 TEST_F(ReadAgainTest, ABareImageIsReadFromItsBytesAsTheyAre) {
-    Read(OneFile());
+    Read(OneFileDisk());
     Disk.ImageBytes[78848] = 'J';
     ReadDiskAgain();
     EXPECT_EQ(DirTable[0].Name, "JELLO   ");
@@ -29,7 +25,7 @@ TEST_F(ReadAgainTest, ABareImageIsReadFromItsBytesAsTheyAre) {
 
 TEST_F(ReadAgainTest, ADkHeaderIsTheSameBeforeAndAfter) {
     const std::string header = "dk" + Bytes({16, 0, 16, 16, 0, 35, 1, 0, 0, 8}) + "NAME";
-    Read(header + OneFile());
+    Read(header + OneFileDisk());
     ASSERT_EQ(Disk.ImageHeader, header);
     const std::string image = Disk.ImageBytes;
     const std::string name = Disk.DiskName;

@@ -7,6 +7,7 @@
 #include "core/disk_state.h"
 #include "core/screen.h"
 #include "filesystems/write_file.h"
+#include "image/hard_disk_part.h"
 #include "image/modified_state.h"
 #include "image/open_image.h"
 #include "image/pc_file.h"
@@ -51,10 +52,6 @@ class SaveImageTest : public DiskTest {
     std::string pathDsk_;
     std::vector<std::string> calls_;
 };
-
-std::string OneFileDisk() {
-    return DecbBuilder().File(0, "HELLO", "BAS", 0, 0, {3}, "bytes").Image();
-}
 
 TEST_F(SaveImageTest, TheImageIsWrittenAndStandsForTheFileFromThenOn) {
     Open("a.dsk", OneFileDisk());
@@ -261,6 +258,13 @@ TEST_F(HardDiskSaveTest, AFailureLeavesTheWholeHardDiskAlone) {
     FileOperations = FailingAt(FileStep::Write);
     EXPECT_FALSE(Save(Path("hd.vhd")));
     EXPECT_EQ(BytesAt(kOffset, drive_.size()), drive_);
+}
+
+/// The system's own files give fewer bytes than their size says, as a failing disk does.
+TEST_F(HardDiskSaveTest, AHardDiskThatCannotBeReadWholeIsNotWritten) {
+    Disk.PartOffset = 0;
+    Disk.PartLength = 1;
+    EXPECT_EQ(ReplaceHardDiskPart("/sys/kernel/fscaps", "x"), std::errc::io_error);
 }
 
 TEST_F(HardDiskSaveTest, ADiskOpenedNextIsAFileOfItsOwnAgain) {

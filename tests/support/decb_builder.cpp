@@ -83,6 +83,10 @@ DecbBuilder& DecbBuilder::File(int slot, const std::string& name8, const std::st
                 lastSector == 0 ? 256 : lastSector);
 }
 
+std::string OneFileDisk() {
+    return DecbBuilder().File(0, "HELLO", "BAS", 0, 0, {3}, "bytes").Image();
+}
+
 std::string Pattern(std::size_t length, unsigned seed) {
     std::string bytes(length, '\0');
     unsigned state = seed * 2654435761U + 12345;

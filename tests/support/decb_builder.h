@@ -46,6 +46,9 @@ class DecbBuilder {
     std::string image_;
 };
 
+/// A disk of 35 tracks with the file "HELLO.BAS", whose contents are "bytes".
+std::string OneFileDisk();
+
 /// Bytes that are different at every place: a running pattern from `seed` on.
 std::string Pattern(std::size_t length, unsigned seed);
 

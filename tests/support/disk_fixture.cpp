@@ -66,6 +66,11 @@ std::string FreshFolder() {
     return folder.string();
 }
 
+std::size_t FilesIn(const std::string& folder) {
+    using std::filesystem::directory_iterator;
+    return static_cast<std::size_t>(std::distance(directory_iterator(folder), {}));
+}
+
 std::string WriteTestFile(const std::string& folder, const std::string& name,
                           const std::string& bytes) {
     const std::string path = folder + "/" + name;

@@ -37,6 +37,9 @@ std::string TestData(const std::string& name);
 /// A new, empty folder for a test's files, named after the test; gone at the next run of it.
 std::string FreshFolder();
 
+/// The number of files and folders in a folder.
+std::size_t FilesIn(const std::string& folder);
+
 /// Writes `bytes` to a file of that folder and returns its path.
 std::string WriteTestFile(const std::string& folder, const std::string& name,
                           const std::string& bytes);

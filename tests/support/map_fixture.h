@@ -23,6 +23,12 @@ class MapTest : public DirectoryTest {
         DrawSectorMap(-1);
     }
 
+    /// The same without the mark, so that every strip shows what it is.
+    static void Paint(const std::string& image, int selectedRow = -1) {
+        Show(image, selectedRow);
+        PaintTrackBlock(selectedRow);
+    }
+
     static Control& Named(const char* name) { return PrincipalControl(name); }
     static const std::string& Text(const char* name) { return PrincipalControl(name).Text; }
     static void Type(const char* name, const std::string& text) {

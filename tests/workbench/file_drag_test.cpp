@@ -3,39 +3,22 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "convert/file_commands.h"
-#include "support/command_record.h"
-#include "support/disk_fixture.h"
-#include "support/workbench_fixture.h"
-#include "workbench/directory_grid.h"
-#include "workbench/pc_pane.h"
+#include "support/file_lists_fixture.h"
 #include "workbench/principal.h"
 
 namespace brindlemoor {
 namespace {
 
-using Flags = std::vector<bool>;
-
-/// A started program with two files selected in the PC's list and one row in the disk's.
-class FileDragTest : public test::DirectoryTest {
+/// Two files are selected in the PC's list and one row in the disk's.
+class FileDragTest : public test::FileListsTest {
   protected:
     void SetUp() override {
-        DirectoryTest::SetUp();
-        for (const char* name : {"A.BAS", "B.TXT", "C.DAT"}) {
-            test::WriteTestFile(PcFolder, name, name);
-        }
-        RefreshPcFiles();
-        AddEntry("ALPHA   ", "BAS").FullName = "ALPHA.BAS";
-        AddEntry("BETA    ", "BIN").FullName = "BETA.BIN";
-        FillDirectoryGrid();
+        FileListsTest::SetUp();
         Files().ItemSelected = Flags{true, false, true};
         ListDirec.RowSelected = {false, true};
     }
-
-    static Control& Files() { return PrincipalControl("File1"); }
-    static Control& Directory() { return PrincipalControl("ListDirec"); }
 
     static void Move(Control& list, bool left = true) { list.MouseMove({5, 5, left, !left}); }
 
@@ -46,8 +29,6 @@ class FileDragTest : public test::DirectoryTest {
         MoveFileDrag(&from, nullptr);
         MoveFileDrag(nullptr, &to);
     }
-
-    test::CommandRecord commands_;
 };
 
 // The start

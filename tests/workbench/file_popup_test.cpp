@@ -7,32 +7,19 @@
 
 #include "convert/file_commands.h"
 #include "core/languages.h"
-#include "support/command_record.h"
-#include "support/disk_fixture.h"
-#include "support/workbench_fixture.h"
+#include "support/file_lists_fixture.h"
 #include "workbench/directory_grid.h"
-#include "workbench/pc_pane.h"
 #include "workbench/principal.h"
 
 namespace brindlemoor {
 namespace {
 
 using Texts = std::vector<std::string>;
-using Flags = std::vector<bool>;
 
-/// A started program with "A.BAS", "B.TXT" and "C.DAT" in the PC's list and two rows in the
-/// disk's.
-class FilePopupTest : public test::DirectoryTest {
+class FilePopupTest : public test::FileListsTest {
   protected:
     void SetUp() override {
-        DirectoryTest::SetUp();
-        for (const char* name : {"A.BAS", "B.TXT", "C.DAT"}) {
-            test::WriteTestFile(PcFolder, name, name);
-        }
-        RefreshPcFiles();
-        AddEntry("ALPHA   ", "BAS").FullName = "ALPHA.BAS";
-        AddEntry("BETA    ", "   ").FullName = "BETA.";
-        FillDirectoryGrid();
+        FileListsTest::SetUp();
         script_.OnPopup = [this](const std::string&) {
             Captions_.clear();
             for (const MenuItem& item : MenuOf(Principal, "PopMenu").Items) {
@@ -44,9 +31,6 @@ class FilePopupTest : public test::DirectoryTest {
 
     static void RightClick(const char* list) { PrincipalControl(list).RightClick(); }
 
-    static Control& Files() { return PrincipalControl("File1"); }
-
-    test::CommandRecord commands_;
     Texts Captions_;  ///< of `PopMenu`, while it stood open
     int SideAtPopup_ = -1;
 };

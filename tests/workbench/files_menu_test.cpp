@@ -21,10 +21,6 @@ namespace {
 namespace fs = std::filesystem;
 using Texts = std::vector<std::string>;
 
-std::string OneFileDisk() {
-    return DecbBuilder().File(0, "HELLO   ", "BAS", 0, 0, {3}, "bytes").Image();
-}
-
 class FilesMenuTest : public WorkbenchTest {
   protected:
     void SetUp() override {
@@ -217,6 +213,18 @@ TEST_F(FilesMenuTest, TheButtonAsksBeforeItBlanksAnOs9Disk) {
     ASSERT_EQ(script_.Messages.size(), 1u);
     EXPECT_NE(script_.Messages[0].Text.find("OS-9"), std::string::npos);
     EXPECT_EQ(Disk.ImageBytes, image);
+    EXPECT_EQ(FileBytes(Path("a.dsk")), OneFileDisk());
+}
+
+TEST_F(FilesMenuTest, RowsThatCannotBeWrittenIntoTheImageAreNotSaved) {
+    OpenDisk();
+    Disk.DiskFamily = kOs9;
+    Disk.TotalSectors = -1;
+    script_.Answers = {Answer::Ok};
+    PrincipalControl("SaveBtn").Click();
+    EXPECT_EQ(script_.Messages.size(), 2U);
+    EXPECT_EQ(MessageTexts(script_).back(), "Run-time error '7':\r\n\r\nOut of memory");
+    EXPECT_EQ(Disk.ImageBytes, OneFileDisk());
     EXPECT_EQ(FileBytes(Path("a.dsk")), OneFileDisk());
 }
 

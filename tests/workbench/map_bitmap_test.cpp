@@ -22,14 +22,7 @@ using test::Pattern;
 const std::string kFreeTrack = "ffffffffffffffffff";
 const std::string kWhiteTrack = "..................";
 
-/// Paints without the mark, so that every strip shows what it is.
-class BitmapMapTest : public test::MapTest {
-  protected:
-    static void Paint(const std::string& image, int selectedRow = -1) {
-        Show(image, selectedRow);
-        PaintTrackBlock(selectedRow);
-    }
-};
+class BitmapMapTest : public test::MapTest {};
 
 // Dragon DOS
 

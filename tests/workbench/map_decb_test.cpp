@@ -17,14 +17,7 @@ using test::Pattern;
 const std::string kFreeTrack = "ffffffffffffffffff";
 const std::string kDirectoryTrack = "tttddddddddddddddd";
 
-/// Paints without the mark, so that every strip shows what it is.
-class DecbMapTest : public test::MapTest {
-  protected:
-    static void Paint(const std::string& image, int selectedRow = -1) {
-        Show(image, selectedRow);
-        PaintTrackBlock(selectedRow);
-    }
-};
+class DecbMapTest : public test::MapTest {};
 
 /// Granules 0, 1 and 5 of ALPHA; 33, 34 and 67 of BETA, on both sides of the directory track and
 /// at the disk's end; granule 20 is still taken though its file was deleted.

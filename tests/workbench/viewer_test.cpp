@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "core/languages.h"
 #include "core/runtime_failure.h"
+#include "core/settings.h"
 #include "support/disk_fixture.h"
 #include "support/viewer_fixture.h"
 #include "workbench/character_set.h"
@@ -392,6 +394,27 @@ TEST_F(ViewerTest, LeavingCocoMaxBringsTheWholeFileBack) {
     Choose("OpciónChar"_w, kWindowsCharacters);
     EXPECT_EQ(PrincipalViewer.ViewerText, "HEAD.0123");
     EXPECT_EQ(Lines(), (Texts{"HEAD.0123", ""}));
+}
+
+TEST_F(ViewerTest, CharactersFromTheSettingsBringTheWholeFileBackAtTheNextDrawing) {
+    Choose("OpciónChar"_w, kCocoMaxPicture);
+    View("HEAD.0123", kViewData);
+    ASSERT_EQ(PrincipalViewer.ViewerText, "0123");
+    StoreSetting("OpciónCharActual"_w, "0");
+    ChooseLanguage("English");
+    ASSERT_EQ(PrincipalControl("OpciónChar"_w).ListIndex, kWindowsCharacters);
+    ViewFile(PrincipalViewer, 0);
+    EXPECT_EQ(PrincipalViewer.ViewerText, "HEAD.0123");
+    EXPECT_EQ(Lines(), (Texts{"HEAD.0123", ""}));
+}
+
+TEST_F(ViewerTest, WithNoCharactersChosenThePictureStaysEmpty) {
+    View("SOME TEXT", kViewData);
+    Lines();
+    Choose("OpciónChar"_w, -1);
+    EXPECT_EQ(Lines(), Texts{});
+    const Picture& picture = PrincipalViewer.Surface;
+    for (int x = 0; x < picture.Width; ++x) EXPECT_EQ(PixelAt(picture, x, 5), 0xFFFFFF) << x;
 }
 
 TEST_F(ViewerTest, CocoMaxOfFiveBytesFallsBackToTheUsualWidths) {
