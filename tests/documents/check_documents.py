@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Looks whether what the documents name is there: links, headings that links lead to, scripts and
-their options, files of the tree, benchmarks and tests. Prints each thing that is not, with its line.
+their options, files of the tree, lines of sources, benchmarks and tests. Prints each thing that is
+not, with its line.
 
     tests/documents/check_documents.py [folder]
 """
@@ -50,6 +51,8 @@ class Checker:
                 self.check_link(path, number, target)
             if line.startswith("    ") or re.match(r"^\.?/?[\w./-]+ ", line):
                 self.check_command(path, number, line.split("#")[0].strip())
+            for row in re.findall(r"^\| `(\w+/\w+\.\w+)` \| `(.+?)` \|", line):
+                self.check_source_line(path, number, *row)
             for code in re.findall(r"`([^`]+)`", line):
                 self.check_code(path, number, code)
 
@@ -87,6 +90,12 @@ class Checker:
     def check_filter(self, path, number, pattern):
         if not any(re.search(pattern.split("/")[0], name) for name in self.benchmarks):
             self.fault(path, number, f"no benchmark is named like {pattern}")
+
+    def check_source_line(self, path, number, file, text):
+        source = self.root / "src" / file
+        lines = source.read_text(encoding="utf-8").splitlines() if source.exists() else []
+        if text.replace("\\|", "|") not in (line.strip() for line in lines):
+            self.fault(path, number, f"src/{file} has no line {text}")
 
     def check_code(self, path, number, code):
         if " " in code:

@@ -76,6 +76,12 @@ class CheckDocumentsTest(unittest.TestCase):
                          ["README.md:1: src/core/gone.h is not there",
                           "README.md:1: src/gone is not there"])
 
+    def test_a_line_of_a_source_that_is_gone_is_found(self):
+        self.write("src/core/bytes.cpp", "  if (a || b) {\n")
+        self.assertEqual(self.check("| `core/bytes.cpp` | `if (a \\|\\| b) {` | why |\n"), [])
+        self.assertEqual(self.check("| `core/bytes.cpp` | `if (a` | why |\n"),
+                         ["README.md:1: src/core/bytes.cpp has no line if (a"])
+
     def test_a_test_that_is_gone_is_found(self):
         self.assertEqual(self.check("`Suite.Holds` `Other.HoldsToo`\n", "docs/reliability.md"), [])
         self.assertEqual(self.check("`Suite.Gone`\n", "docs/reliability.md"),
