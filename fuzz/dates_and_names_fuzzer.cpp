@@ -1,12 +1,14 @@
-// The input is a name of OS-9, a date of OS-9, a date as a person types it, and a version of a "dk"
-// header. What one routine writes the other reads back.
+// The input is a name of OS-9, a date of OS-9, a date as a person types it, a version of a "dk"
+// header, and such a header. What one routine writes the other reads back.
 
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
 
+#include "core/byte_helpers.h"
 #include "core/dates.h"
+#include "core/numbers.h"
 #include "core/runtime_failure.h"
 #include "filesystems/os9_text.h"
 #include "image/dk_header.h"
@@ -35,7 +37,12 @@ void Dates(const std::string& data) {
         if (data.size() < length || date == kUntouched) continue;
         double again = kUntouched;
         ReadOs9Date(Os9DateField(date, static_cast<int>(length)), again);
-        if (date >= 1) Expect(DateText(again) == DateText(date));
+        if (date < 1) continue;
+        Expect(DateText(again) == DateText(date));
+        // What the OS-9 window shows of a date gives the same bytes again.
+        const double shown = DateOfText(DateText(date));
+        Expect(Os9DateField(shown, 5) == Os9DateField(date, 5));
+        Expect(DateOfText(DateAndTimeText(date)) == shown);
     }
 }
 
@@ -62,6 +69,26 @@ void Versions(const std::string& data) {
     }
 }
 
+/// The bytes of a "dk" header, taken apart and put together.
+void Headers(const std::string& data) {
+    if (data.size() < kDkHeaderBytes) return;
+    const auto byte = [&data](int offset) { return ByteOr(data, offset, 0); };
+    DkHeaderFields fields;
+    fields.Signature = data.substr(kDkSignature, 2);
+    fields.Length = WholeNumber16(BytesToNumber(CutBytes(data, kDkLength, 2), ""));
+    fields.Version = VersionText(byte(kDkVersion));
+    fields.Compatibility = VersionText(byte(kDkCompatibility));
+    fields.SourceId = byte(kDkSourceId);
+    fields.SourceVersion = VersionText(byte(kDkSourceVersion));
+    fields.Tracks = byte(kDkTracks);
+    fields.Sides = byte(kDkSides);
+    fields.Flags = byte(kDkFlags);
+    fields.Compression = byte(kDkNameLength) % 8;
+    fields.NameLength = byte(kDkNameLength) / 8;
+    fields.Name = data.substr(kDkName);
+    Expect(DkHeaderOf(fields) == data);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
@@ -70,5 +97,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     Dates(data);
     TypedDates(data);
     Versions(data);
+    Headers(data);
     return 0;
 }

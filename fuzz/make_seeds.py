@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Writes the seeds of the disk, BASIC and tape targets into fuzz/corpus from the files of tests/data.
+"""Writes the seeds of the disk, BASIC, tape and header targets into fuzz/corpus, most of them from
+the files of tests/data.
 
 A seed of a disk holds the sectors of a disk that say where things are (allocation tables, directories,
 file descriptors) and no contents. No image here is a FLEX disk, so one is made from the format's
@@ -192,6 +193,8 @@ def main():
     basic_seeds()
     write_seeds()
     tape_seeds()
+    header = b"dk" + struct.pack("<H", 16) + bytes([16, 16, 2, 3, 35, 1, 0, 4 * 8]) + b"DISK"
+    save("dates_and_names_fuzzer", "dk-header", header)
     for path in sorted(DATA.glob("decb*/*.dsk")):
         image = path.read_bytes()
         if len(image) % SECTOR == 0:
@@ -200,6 +203,9 @@ def main():
         image = path.read_bytes()
         image = image[len(image) % SECTOR:]
         save("disk_sectors_fuzzer", path.stem, pieces(image, dragon_sectors(image)))
+    wide = bytearray((DATA / "dragon/dragon40-ss-frag.vdk").read_bytes()[12:])
+    wide[360 * SECTOR + 252:360 * SECTOR + 256] = bytes([40, 40, 215, 215])
+    save("disk_sectors_fuzzer", "dragon-40-sectors", pieces(wide, dragon_sectors(wide)))
     for path in sorted(DATA.glob("os9/*.dsk")):
         image = path.read_bytes()
         save("disk_sectors_fuzzer", path.stem, pieces(image, os9_sectors(image)))
@@ -220,6 +226,8 @@ def main():
     save("read_disk_fuzzer", "dmk-two-tracks", dmk[:16 + 2 * 6400])
     save("read_disk_fuzzer", "jvc-in-vdk", b"dk\x14\0" + bytes(7) + b"\x40" + b"TAPE.JVC"
          + bytes([18, 1, 1, 1, 0]) + bytes(2 * SECTOR))
+    save("read_disk_fuzzer", "jvc", bytes([18, 1, 1, 1, 0]) + bytes(2 * SECTOR))
+    save("read_disk_fuzzer", "hard-disk", b"hd\5" + cut_down(loop, decb_sectors(loop)))
     save("read_disk_fuzzer", "one-sector", bytes(SECTOR))
 
 

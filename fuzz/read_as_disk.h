@@ -11,14 +11,14 @@
 
 namespace brindlemoor {
 
-/// Reads `file` as the open disk, with nobody to answer and no window. Every failure that the
-/// program knows is a good end; anything else is for the fuzzer to report.
-inline void ReadAsDisk(std::string file) {
+/// Reads `file` as the open disk of that name, with nobody to answer and no window. Every failure
+/// that the program knows is a good end; anything else is for the fuzzer to report.
+inline void ReadAsDisk(std::string file, const std::string& name = "fuzz.dsk") {
     Platform = SilentPlatform();
     Screen = NoScreen();
     Disk = DiskState();
     DirTable.Wipe();
-    Disk.DiskName = "fuzz.dsk";
+    Disk.DiskName = name;
     Disk.ImageOnOpen = file;
     Disk.ImageBytes = std::move(file);
     try {

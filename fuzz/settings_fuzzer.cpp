@@ -1,8 +1,6 @@
 // The input is the settings file. It goes through the start-up's version test, the language walk
 // into a freshly built main window, and reads and writes of single keys.
 
-#include <unistd.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -18,31 +16,20 @@
 #include "core/screen.h"
 #include "core/settings.h"
 #include "core/settings_start.h"
+#include "memory_folder.h"
 #include "workbench/principal.h"
 #include "workbench/start_up.h"
 
 namespace {
 
-/// A settings folder of this process's own, which goes with it.
-struct SettingsFolder {
-    SettingsFolder() {
-        // In memory where the system has such a folder: every input is written many times.
-        const std::filesystem::path memory = "/dev/shm";
-        Base = (std::filesystem::is_directory(memory) ? memory
-                                                      : std::filesystem::temp_directory_path()) /
-               ("brindlemoor-fuzz-" + std::to_string(getpid()));
-        std::filesystem::create_directories(Base / "Brindlemoor");
-        setenv("appdata", Base.c_str(), 1);
-    }
-    ~SettingsFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(Base, ignored);
-    }
-    SettingsFolder(const SettingsFolder&) = delete;
-    SettingsFolder& operator=(const SettingsFolder&) = delete;
-
-    std::filesystem::path Base;
-};
+/// The settings file that every input is written to.
+std::filesystem::path SettingsFile() {
+    static const brindlemoor::MemoryFolder folder;
+    const std::filesystem::path settings = folder.Base / "Brindlemoor";
+    std::filesystem::create_directories(settings);
+    setenv("appdata", folder.Base.c_str(), 1);
+    return settings / "Brindlemoor.INI";
+}
 
 /// The main window as it is designed. Building it looks at the drives and folders of the PC, so
 /// that is done once; every input finds a copy.
@@ -74,7 +61,7 @@ void UseSettings() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace brindlemoor;
-    static const SettingsFolder folder;
+    static const std::filesystem::path file = SettingsFile();
     Settings = SettingsState();
     Disk = DiskState();
     WindowBusy = false;
@@ -84,8 +71,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return Answer::No;
     };
     RestorePrincipal();
-    std::ofstream(folder.Base / "Brindlemoor" / "Brindlemoor.INI", std::ios::binary)
-        << std::string(data, data + size);
+    std::ofstream(file, std::ios::binary) << std::string(data, data + size);
     try {
         UseSettings();
     } catch (const RuntimeFailure&) {
