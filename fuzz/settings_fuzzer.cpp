@@ -17,6 +17,7 @@
 #include "core/settings.h"
 #include "core/settings_start.h"
 #include "memory_folder.h"
+#include "workbench/pc_pane.h"
 #include "workbench/principal.h"
 #include "workbench/start_up.h"
 
@@ -32,11 +33,13 @@ std::filesystem::path SettingsFile() {
 }
 
 /// The main window as it is designed. Building it looks at the drives and folders of the PC, so
-/// that is done once; every input finds a copy.
+/// that is done once; every input finds a copy. Its list of files is that of a folder of ours:
+/// every pattern in the settings fills it anew.
 void RestorePrincipal() {
     using namespace brindlemoor;
     static const auto built = [] {
         BuildPrincipal();
+        ShowPcFolder(SettingsFile().parent_path().string());
         return std::pair(Principal, ListDirec);
     }();
     Principal = built.first;
