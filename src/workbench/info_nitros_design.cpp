@@ -99,18 +99,23 @@ Control Arrow(const std::string& name, int index) {
     return Designed(name, Label, {left, RowTop(index), 48, kFieldHeight}, "<-----");
 }
 
-void AddFields(Window& dialog) {
-    for (int index = 0; index < kInfoFields; ++index) {
-        const std::string caption = Windows1252(kLabels[static_cast<std::size_t>(index)]);
-        dialog.Controls.push_back(Caption(index, caption));
-        dialog.Controls.push_back(Field(index, caption));
-    }
+/// The attributes as letters, beside their number.
+Control AttributeLetters() {
     Control letters = WithFont(
         Designed("Attr", TextBox,
                  {kFieldLeft + kNumberWidth + 8, RowTop(kAttributesField), 84, kFieldHeight}),
         FontKind::Fixed);
     letters.ReadOnly = true;
-    dialog.Controls.push_back(Spoken("Attr", letters));
+    return Spoken("Attr", letters);
+}
+
+void AddFields(Window& dialog) {
+    for (int index = 0; index < kInfoFields; ++index) {
+        const std::string caption = Windows1252(kLabels[static_cast<std::size_t>(index)]);
+        dialog.Controls.push_back(Caption(index, caption));
+        dialog.Controls.push_back(Field(index, caption));
+        if (index == kAttributesField) dialog.Controls.push_back(AttributeLetters());
+    }
     dialog.Controls.push_back(Arrow("Label2", kAttributesField));
     dialog.Controls.push_back(Arrow("Label3", kFormatField));
     Control note = Designed("Label4", Label, {kFrameLeft, RowTop(kNameField) + 4, kFrameWidth, 36},

@@ -6,6 +6,8 @@
 #include <QLineEdit>
 #include <QPalette>
 #include <QStyleFactory>
+#include <QToolTip>
+#include <array>
 
 #include "workbench/control.h"
 
@@ -20,6 +22,7 @@ QPalette CalmPalette() {
     const QColor window(0xEC, 0xEE, 0xEB);
     const QColor ink(0x1E, 0x24, 0x22);
     const QColor faded(0x8B, 0x92, 0x8E);
+    const QColor quiet(0x5C, 0x64, 0x60);
     const QColor chosen(0x2F, 0x6B, 0x5E);
     QPalette palette(QColor(0xDF, 0xE4, 0xE0), window);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
@@ -33,10 +36,17 @@ QPalette CalmPalette() {
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::ToolTipBase, QColor(0xFF, 0xFB, 0xE6));
     palette.setColor(QPalette::ToolTipText, ink);
-    palette.setColor(QPalette::PlaceholderText, faded);
+    palette.setColor(QPalette::PlaceholderText, quiet);
     palette.setColor(QPalette::Link, chosen);
+    palette.setColor(QPalette::LinkVisited, chosen);
     return palette;
 }
+
+/// Kinds of widgets for which desktops have palettes of their own beside the program's.
+constexpr std::array<const char*, 15> kDesktopKinds = {
+    "QToolButton", "QAbstractButton",   "QCheckBox",        "QRadioButton", "QHeaderView",
+    "QMenu",       "QAbstractItemView", "QMessageBoxLabel", "QTabBar",      "QLabel",
+    "QGroupBox",   "QMenuBar",          "QTextEdit",        "QTextControl", "QLineEdit"};
 
 /// True where the widget paints on `Base` and not on the window's colour.
 bool IsField(const QWidget* widget) {
@@ -47,9 +57,16 @@ bool IsField(const QWidget* widget) {
 
 }  // namespace
 
+void ApplyPalette() {
+    const QPalette palette = CalmPalette();
+    QApplication::setPalette(palette);
+    for (const char* kind : kDesktopKinds) QApplication::setPalette(palette, kind);
+    QToolTip::setPalette(palette);
+}
+
 void ApplyLook(QApplication& application) {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QApplication::setPalette(CalmPalette());
+    ApplyPalette();
     QFont font = application.font();
     font.setPixelSize(kFontPixelSize);
     QApplication::setFont(font);

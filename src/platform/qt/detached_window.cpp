@@ -1,5 +1,6 @@
 #include "platform/qt/detached_window.h"
 
+#include <QKeyEvent>
 #include <QPointer>
 #include <array>
 
@@ -39,6 +40,11 @@ void HookWindow(QWidget* window, Window* record) {
                 const auto resize = record->Resize;
                 if (resize) resize(size.width() * kTwipsPerPixel, size.height() * kTwipsPerPixel);
             });
+        }
+        const bool key = event->type() == QEvent::KeyPress;
+        if (key && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+            window->close();
+            return true;
         }
         if (event->type() == QEvent::Close) {
             UserAction([record] { Raise(record->Close); });

@@ -3,7 +3,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QLabel>
 #include <algorithm>
+#include <array>
 
 #include "core/byte_helpers.h"
 #include "platform/qt/shell.h"
@@ -37,6 +39,17 @@ void ApplyFilters(QFileDialog& dialog, const FileQuestion& question) {
     dialog.selectNameFilter(filters[wanted - 1]);
 }
 
+/// Qt's own dialog leaves it open which of its captions belong to its lists; a screen reader would
+/// say only what is chosen in them. The system's dialogs have no such widgets.
+void LabelLists(const QFileDialog& dialog) {
+    constexpr std::array<std::array<const char*, 2>, 2> kLists = {
+        {{"lookInLabel", "lookInCombo"}, {"fileTypeLabel", "fileTypeCombo"}}};
+    for (const auto& [caption, list] : kLists) {
+        auto* label = dialog.findChild<QLabel*>(QLatin1String(caption));
+        if (label != nullptr) label->setBuddy(dialog.findChild<QWidget*>(QLatin1String(list)));
+    }
+}
+
 }  // namespace
 
 QStringList NameFilters(const std::string& filter) {
@@ -67,6 +80,7 @@ std::string RunFileDialog(FileQuestion& question) {
     }
     dialog.setDefaultSuffix(ToText(question.DefaultExt));
     ApplyFilters(dialog, question);
+    LabelLists(dialog);
     if (!question.Name.empty()) dialog.selectFile(ToText(question.Name));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
     const auto chosen = dialog.nameFilters().indexOf(dialog.selectedNameFilter());

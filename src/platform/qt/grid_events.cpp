@@ -6,6 +6,7 @@
 #include <QScrollBar>
 
 #include "platform/qt/event_hook.h"
+#include "platform/qt/grid_keys.h"
 #include "platform/qt/grid_painting.h"
 #include "platform/qt/key_codes.h"
 #include "platform/qt/later.h"
@@ -165,6 +166,7 @@ bool OnGridEvent(const View& shared, QEvent* event) {
     if (view.Record->Edited.Row != 0) return true;  // keys that its editor has no use for
     SetMovesByKey(view, true);
     if (OnEditKey(shared, *static_cast<QKeyEvent*>(event))) return true;
+    if (OnGridKey(shared, *static_cast<QKeyEvent*>(event))) return true;
     const int code = KeyCodeOf(*static_cast<QKeyEvent*>(event));
     if (code == 0 || !view.Record->Key) return false;
     bool dropped = false;
@@ -222,6 +224,11 @@ void ConnectGridEvents(const View& view) {
     QObject::connect(selection, &QItemSelectionModel::currentRowChanged, table,
                      [view](const QModelIndex& index) {
                          if (view->MovesByKey && !IsRefreshing()) ClickRow(view, index);
+                     });
+    QObject::connect(selection, &QItemSelectionModel::currentColumnChanged, table,
+                     [view](const QModelIndex& index) {
+                         if (view->MovesByKey && !IsRefreshing())
+                             HoverOver(*view, index.column() + 1);
                      });
     for (const QScrollBar* bar : {table->horizontalScrollBar(), table->verticalScrollBar()}) {
         QObject::connect(bar, &QScrollBar::valueChanged, table, [view] { ReportScroll(*view); });

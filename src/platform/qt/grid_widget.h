@@ -27,6 +27,7 @@ struct GridView {
     int PressedButton = 0;  ///< of the mouse, by its number, with the keys held and the place
     int PressedHeld = 0;
     QPoint PressedAt;
+    int KeySection = 0;       ///< section of the header that keys were for last
     bool MovesByKey = false;  ///< the last thing that the user did in it was to press a key
 };
 

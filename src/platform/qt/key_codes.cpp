@@ -52,4 +52,9 @@ int KeyCodeOf(const QKeyEvent& event) {
     return letter || digit ? key : 0;
 }
 
+bool IsMenuKey(const QKeyEvent& event) {
+    const bool shifted = event.modifiers() == Qt::ShiftModifier;
+    return event.key() == Qt::Key_Menu || (event.key() == Qt::Key_F10 && shifted);
+}
+
 }  // namespace brindlemoor

@@ -10,4 +10,7 @@ namespace brindlemoor {
 /// that no character is taken for one of those keys.
 int KeyCodeOf(const QKeyEvent& event);
 
+/// Whether the key asks for the menu that the right button brings up: Menu, or Shift+F10.
+bool IsMenuKey(const QKeyEvent& event);
+
 }  // namespace brindlemoor

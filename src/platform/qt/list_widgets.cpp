@@ -6,12 +6,14 @@
 #include <QMouseEvent>
 #include <QStyle>
 #include <QStyledItemDelegate>
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
 
 #include "platform/qt/event_hook.h"
+#include "platform/qt/key_codes.h"
 #include "platform/qt/shell.h"
 #include "platform/qt/text.h"
 
@@ -60,8 +62,16 @@ QListWidget* MakeList(QWidget* parent) {
     return list;
 }
 
-/// Follows the user's presses and keys, and runs `rightClick` when the right button was released;
-/// that button chooses nothing.
+/// The place on the screen below the current entry, or at the list's upper left corner.
+QPoint BelowEntry(const QListWidget* list) {
+    const QListWidgetItem* entry = list->currentItem();
+    const QRect place = entry != nullptr ? list->visualItemRect(entry) : QRect();
+    const int top = std::clamp(place.bottom() + 1, 0, list->viewport()->height());
+    return list->viewport()->mapToGlobal(QPoint(std::max(place.left(), 0), top));
+}
+
+/// Follows the user's presses and keys, and runs `rightClick` as an event of the user when the
+/// right button was released or the key of that menu pressed; that button chooses nothing.
 std::shared_ptr<Motion> FollowUser(QListWidget* list, const std::function<void()>& rightClick) {
     auto motion = std::make_shared<Motion>();
     HookEvents(list->viewport(), [motion, rightClick](QEvent* event) {
@@ -71,7 +81,7 @@ std::shared_ptr<Motion> FollowUser(QListWidget* list, const std::function<void()
         if (!press && !release) return false;
         const auto* mouse = static_cast<QMouseEvent*>(event);
         if (mouse->button() == Qt::RightButton) {
-            if (release) rightClick();
+            if (release) UserAction(rightClick);
             return true;
         }
         if (!press) return false;
@@ -79,13 +89,15 @@ std::shared_ptr<Motion> FollowUser(QListWidget* list, const std::function<void()
         motion->Modifiers = mouse->modifiers();
         return false;
     });
-    HookEvents(list, [motion](QEvent* event) {
+    HookEvents(list, [list, motion, rightClick](QEvent* event) {
         if (event->type() == QEvent::FocusIn) motion->By = MovedBy::Nothing;
-        if (event->type() == QEvent::KeyPress) {
-            motion->By = MovedBy::Key;
-            motion->Modifiers = static_cast<QKeyEvent*>(event)->modifiers();
-        }
-        return false;
+        if (event->type() != QEvent::KeyPress) return false;
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        motion->By = MovedBy::Key;
+        motion->Modifiers = key.modifiers();
+        if (!IsMenuKey(key)) return false;
+        UserActionAt(BelowEntry(list), rightClick);
+        return true;
     });
     return motion;
 }
@@ -185,8 +197,7 @@ QWidget* MakeFolderList(QWidget* parent, ControlRef place) {
     QListWidget* list = MakeList(parent);
     list->setItemDelegate(new IndentDelegate(list));
     list->setIconSize(QSize(14, 14));
-    const auto motion =
-        FollowUser(list, [place] { UserAction([place] { Raise(RecordOf(place).RightClick); }); });
+    const auto motion = FollowUser(list, [place] { Raise(RecordOf(place).RightClick); });
     QObject::connect(list, &QListWidget::currentRowChanged, list, [place, motion](int row) {
         if (row < 0 || motion->By == MovedBy::Nothing) return;
         UserAction([place, row] { ClickListEntry(RecordOf(place), row); });
@@ -226,8 +237,7 @@ void ShowFolderList(QWidget* widget, const Control& record, const Control& shown
 QWidget* MakeFileList(QWidget* parent, ControlRef place) {
     QListWidget* list = MakeList(parent);
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    const auto motion =
-        FollowUser(list, [place] { UserAction([place] { Raise(RecordOf(place).RightClick); }); });
+    const auto motion = FollowUser(list, [place] { Raise(RecordOf(place).RightClick); });
     HookEvents(list->viewport(), [list, place, motion](QEvent* event) {
         return OnFilePress(list, place, *motion, event);
     });

@@ -2,7 +2,9 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QShortcut>
 
+#include "platform/qt/colours.h"
 #include "platform/qt/event_hook.h"
 #include "platform/qt/icon.h"
 #include "platform/qt/later.h"
@@ -77,6 +79,7 @@ void HookWindowEvents(QMainWindow* window, const std::shared_ptr<AgreedSize>& ag
         return false;
     });
     HookEvents(window, [window](QEvent* event) {
+        if (event->type() == QEvent::ThemeChange) ApplyPalette();
         if (event->type() == QEvent::WindowStateChange) Principal.MostHeight = MostHeight(window);
         if (event->type() != QEvent::Close) return false;
         UserAction(ClosePrincipal);
@@ -106,6 +109,9 @@ MainWindow MakeMainWindow() {
     made.Menus->Bar = window->menuBar();
     made.Menus->Bar->setNativeMenuBar(false);
     made.Menus->Record = &Principal;
+    const auto* menuKey = new QShortcut(Qt::Key_F10, window);
+    QObject::connect(menuKey, &QShortcut::activated, made.Menus->Bar,
+                     [bar = made.Menus->Bar] { OpenMenuBar(bar); });
     const auto agreed = std::make_shared<AgreedSize>(AgreedSize{RecordSize()});
     HookWindowEvents(window, agreed);
     TakeOutsideDrops(window, WidgetOf(*made.Controls, "ListDirec"));

@@ -2,7 +2,9 @@
 
 #include <QCursor>
 #include <QMenu>
+#include <map>
 
+#include "platform/qt/menu_letters.h"
 #include "platform/qt/shell.h"
 #include "platform/qt/text.h"
 
@@ -29,11 +31,15 @@ void DescribeMenu(Window& window, const std::string& name, int depth, std::strin
     structure += ')';
 }
 
-void ShowMenuItem(QAction* action, const MenuItem& item) {
+/// What the items of a menu show: their captions, each with the letter that chooses it.
+QStringList TextsOf(const Menu& menu) {
+    QStringList captions;
+    for (const MenuItem& item : menu.Items) captions << ToText(item.Caption);
+    return WithLetters(captions);
+}
+
+void ShowMenuItem(QAction* action, const MenuItem& item, const QString& text) {
     if (action->isSeparator()) return;
-    QString text = ToText(item.Caption);
-    text.replace(QLatin1Char('&'), QLatin1String("&&"));
-    text.replace(QLatin1Char('\t'), QLatin1Char(' '));  // a tab would begin the column of shortcuts
     if (action->text() != text) action->setText(text);
     if (action->isEnabled() != item.Enabled) action->setEnabled(item.Enabled);
     action->setCheckable(item.Checked);
@@ -48,6 +54,7 @@ void AddItems(Holder* holder, Window& window, const std::string& name, int depth
               std::vector<MenuAction>& actions) {
     const Menu* menu = FindMenu(window, name);
     if (menu == nullptr || depth > kDeepestMenu) return;
+    const QStringList texts = TextsOf(*menu);
     for (std::size_t i = 0; i < menu->Items.size(); ++i) {
         const MenuItem& item = menu->Items[i];
         QAction* action = nullptr;
@@ -62,7 +69,7 @@ void AddItems(Holder* holder, Window& window, const std::string& name, int depth
             action = holder->addAction(QString());
         }
         action->setMenuRole(QAction::NoRole);
-        ShowMenuItem(action, item);
+        ShowMenuItem(action, item, texts[static_cast<int>(i)]);
         actions.push_back({action, menu->Name, static_cast<int>(i)});
     }
 }
@@ -104,12 +111,24 @@ void ShowMenuBar(MenuBarView& view) {
         view.Structure = structure;
         return;
     }
+    std::map<std::string, QStringList> texts;
     for (const MenuAction& entry : view.Actions) {
         const Menu* menu = FindMenu(*view.Record, entry.MenuName);
         const auto index = static_cast<std::size_t>(entry.Index);
-        if (menu != nullptr && index < menu->Items.size()) {
-            ShowMenuItem(entry.Action, menu->Items[index]);
-        }
+        if (menu == nullptr || index >= menu->Items.size()) continue;
+        QStringList& shown = texts[menu->Name];
+        if (shown.isEmpty()) shown = TextsOf(*menu);
+        ShowMenuItem(entry.Action, menu->Items[index], shown[entry.Index]);
+    }
+}
+
+void OpenMenuBar(QMenuBar* bar) {
+    const QList<QAction*> menus = bar->actions();
+    if (menus.isEmpty()) return;
+    bar->setActiveAction(menus.constFirst());
+    QMenu* menu = menus.constFirst()->menu();
+    if (menu != nullptr && !menu->actions().isEmpty()) {
+        menu->setActiveAction(menu->actions().constFirst());
     }
 }
 
@@ -124,7 +143,7 @@ void RunPopupMenu(Window& window, const std::string& name) {
     QMenu popup(Shell.MainWindow);
     popup.setSeparatorsCollapsible(false);
     AddItems(&popup, window, menu->Name, 0, actions);
-    const QAction* chosen = popup.exec(QCursor::pos());
+    const QAction* chosen = popup.exec(Shell.PopupAt.value_or(QCursor::pos()));
     for (const MenuAction& entry : actions) {
         if (entry.Action == chosen) ClickItem(window, entry.MenuName, entry.Index);
     }

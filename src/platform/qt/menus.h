@@ -27,8 +27,12 @@ struct MenuBarView {
 /// state and shortcuts. The bar is built anew only when the arrays themselves differ.
 void ShowMenuBar(MenuBarView& view);
 
-/// Shows the popup menu `name` of `window` at the pointer and runs the click routine of the item
-/// chosen. A menu whose only item opens another one stands for that other one.
+/// Opens the first menu of the bar with its first item marked, as F10 does.
+void OpenMenuBar(QMenuBar* bar);
+
+/// Shows the popup menu `name` of `window` at `Shell.PopupAt`, else at the pointer, and runs the
+/// click routine of the item chosen. A menu whose only item opens another one stands for that other
+/// one.
 void RunPopupMenu(Window& window, const std::string& name);
 
 }  // namespace brindlemoor

@@ -27,6 +27,12 @@ void UserAction(const std::function<void()>& event) {
     if (!Shell.Ended) RefreshWindows();
 }
 
+void UserActionAt(QPoint place, const std::function<void()>& event) {
+    Shell.PopupAt = place;
+    UserAction(event);
+    Shell.PopupAt.reset();
+}
+
 void RefreshWindows() {
     if (refreshing) return;
     refreshing = true;

@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <QWidget>
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace brindlemoor {
@@ -11,6 +12,10 @@ namespace brindlemoor {
 /// then shows what it changed. Does nothing while the records are being shown (a widget that is
 /// set by the program also reports a change) and once the program has ended.
 void UserAction(const std::function<void()>& event);
+
+/// The same for a key that may bring up a popup: it appears at `place` of the screen and not at the
+/// pointer, which may be anywhere.
+void UserActionAt(QPoint place, const std::function<void()>& event);
 
 /// Shows all records that differ from their widgets, in every window that stands open.
 void RefreshWindows();
@@ -28,6 +33,7 @@ void RemoveRefresh(QWidget* window);
 /// What the whole shell shares.
 struct ShellState {
     QPointer<QWidget> MainWindow;
+    std::optional<QPoint> PopupAt;  ///< where a popup appears that a key asked for, on the screen
     bool Ended = false;  ///< `EndProgram` was asked for: no further event reaches the records
     std::function<void(int exitCode)> Quit;  ///< leaves the event loop; the program sets it
 };

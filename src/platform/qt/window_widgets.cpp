@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QFontMetrics>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <array>
 
@@ -13,6 +14,7 @@
 #include "platform/qt/colours.h"
 #include "platform/qt/event_hook.h"
 #include "platform/qt/fixed_font.h"
+#include "platform/qt/focus_mark.h"
 #include "platform/qt/key_codes.h"
 #include "platform/qt/list_drags.h"
 #include "platform/qt/list_widgets.h"
@@ -23,6 +25,7 @@
 #include "platform/qt/text.h"
 #include "workbench/cell_edit.h"
 #include "workbench/principal.h"
+#include "workbench/spoken_name.h"
 
 namespace brindlemoor {
 
@@ -170,6 +173,7 @@ ControlWidget MakeControl(const WindowWidgets& widgets, ControlRef place) {
     if (made.Widget == nullptr) return made;
     made.Widget->setObjectName(ToText(record.Name) + QString::number(record.Index));
     ShowFont(made.Widget, record.Font);
+    MarkFocus(made.Widget);
     HookCommonEvents(made.Widget, place);
     if (place.Owner == &Principal) DropPressesBesideEditor(made.Widget, record);
     const bool dragged = record.Kind == ControlKind::Grid || record.Kind == ControlKind::FileList;
@@ -205,12 +209,32 @@ void ShowCommon(QWidget* widget, const Control& record, const Control& shown, bo
     if (widget->isHidden() == record.Visible) widget->setVisible(record.Visible);
     if (record.Kind == ControlKind::Grid) return;
     if (record.ToolTip != shown.ToolTip || first) widget->setToolTip(ToText(record.ToolTip));
-    if (record.AccessibleName != shown.AccessibleName) {
-        widget->setAccessibleName(ToText(record.AccessibleName));
-    }
     const bool coloured =
         record.BackColour != shown.BackColour || record.ForeColour != shown.ForeColour;
     if (coloured) ShowColours(widget, record.BackColour, record.ForeColour);
+}
+
+/// Some systems take what a combo box shows for its name, and ask what labels it for what it is.
+/// A label that nobody sees says that.
+void LabelComboBox(ControlWidget& control, QComboBox* box, const QString& name) {
+    if (control.SpokenLabel == nullptr) {
+        control.SpokenLabel = new QLabel(box->parentWidget());
+        control.SpokenLabel->setTextFormat(Qt::PlainText);
+        control.SpokenLabel->setBuddy(box);
+        control.SpokenLabel->hide();
+    }
+    control.SpokenLabel->setText(name);
+    control.SpokenLabel->adjustSize();
+    if (box->isEditable()) box->lineEdit()->setAccessibleName(name);
+}
+
+void ShowSpokenName(ControlWidget& control, const std::string& spoken) {
+    if (control.Shown.AccessibleName == spoken) return;
+    control.Shown.AccessibleName = spoken;
+    const QString name = ToText(spoken);
+    control.Widget->setAccessibleName(name);
+    auto* box = qobject_cast<QComboBox*>(control.Widget);
+    if (box != nullptr) LabelComboBox(control, box, name);
 }
 
 /// Gives the widget the focus, and selects in its line what the record says.
@@ -231,7 +255,6 @@ void Remember(Control& shown, const Control& record) {
     shown.Name = record.Name;
     shown.Path = record.Path;
     shown.ToolTip = record.ToolTip;
-    shown.AccessibleName = record.AccessibleName;
     shown.Font = record.Font;
     shown.FocusRequests = record.FocusRequests;
     shown.BackColour = record.BackColour;
@@ -239,10 +262,11 @@ void Remember(Control& shown, const Control& record) {
     if (shown.Items != record.Items) shown.Items = record.Items;
 }
 
-void ShowControl(ControlWidget& control, const Control& record) {
+void ShowControl(ControlWidget& control, const Window& window, const Control& record) {
     if (control.Widget == nullptr) return;
     const bool first = control.Shown.Name.empty();
     ShowCommon(control.Widget, record, control.Shown, first);
+    ShowSpokenName(control, SpokenName(window, record));
     if (!first && record.Font != control.Shown.Font) ShowFont(control.Widget, record.Font);
     if (control.View) ShowGrid(*control.View);
     const KindRow* row = RowOfKind(record.Kind);
@@ -266,7 +290,7 @@ std::shared_ptr<WindowWidgets> BuildWidgets(Window& window, QWidget* area) {
 void ShowRecords(WindowWidgets& widgets) {
     MakeMissingControls(widgets);
     for (std::size_t i = 0; i < widgets.Controls.size(); ++i) {
-        ShowControl(widgets.Controls[i], widgets.Record->Controls[i]);
+        ShowControl(widgets.Controls[i], *widgets.Record, widgets.Record->Controls[i]);
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLabel>
 #include <QWidget>
 #include <memory>
 #include <vector>
@@ -13,6 +14,7 @@ namespace brindlemoor {
 struct ControlWidget {
     QWidget* Widget = nullptr;       ///< null for a hidden control
     std::shared_ptr<GridView> View;  ///< of a grid
+    QLabel* SpokenLabel = nullptr;   ///< of a combo box: says its name, and is never shown
     Control Shown;                   ///< only what cannot be asked of the widget is kept
 };
 

@@ -35,7 +35,7 @@ TEST_F(WindowTest, TheLanguageMenuSwitchesEveryCaption) {
     ASSERT_EQ(lenguaje->actions().size(), 2);
     EXPECT_FALSE(lenguaje->actions().at(0)->isChecked());
     EXPECT_TRUE(lenguaje->actions().at(1)->isChecked());
-    EXPECT_EQ(lenguaje->actions().at(1)->text(), QStringLiteral("Espa\u00F1ol"));
+    EXPECT_EQ(ItemText(lenguaje->actions().at(1)), "Espa\u00F1ol");
     EXPECT_EQ(Stored("CurrentLanguage"), "Spanish");
 }
 

@@ -39,7 +39,14 @@ void Drag(QWidget* widget, QPoint from, QPoint to) {
 }
 
 std::string ItemText(const QAction* item) {
-    return item->text().replace(QLatin1String("&&"), QLatin1String("&")).toStdString();
+    const QString text = item->text();
+    QString shown;
+    for (int place = 0; place < text.size(); ++place) {
+        const bool mark = text[place] == QLatin1Char('&');
+        if (mark && ++place == text.size()) break;
+        shown += text[place];
+    }
+    return shown.toStdString();
 }
 
 QAction* ItemOf(const QWidget* menu, const std::string& text) {
