@@ -3,6 +3,7 @@
 #include <QAbstractScrollArea>
 #include <QComboBox>
 #include <QFont>
+#include <QIcon>
 #include <QLineEdit>
 #include <QPalette>
 #include <QStyleFactory>
@@ -67,6 +68,11 @@ void ApplyPalette() {
 void ApplyLook(QApplication& application) {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     ApplyPalette();
+    // A dark desktop's icons are drawn in light lines: those that Qt brings along are seen on any
+    // ground. Qt takes them where a set of icons is not there.
+    for (const auto set : {QIcon::setThemeName, QIcon::setFallbackThemeName}) {
+        set(QStringLiteral("brindlemoor"));
+    }
     QFont font = application.font();
     font.setPixelSize(kFontPixelSize);
     QApplication::setFont(font);

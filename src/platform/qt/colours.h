@@ -16,8 +16,8 @@ inline QColor ColourOf(std::int32_t colour) {
 /// colours change, since it then sets those of some kinds anew.
 void ApplyPalette();
 
-/// Gives the program its look: one style and palette on every system, so that the window's places
-/// and colours fit each other, and a font of 12 pixels.
+/// Gives the program its look: one style, palette and set of icons on every system, so that the
+/// window's places and colours fit each other, and a font of 12 pixels.
 void ApplyLook(QApplication& application);
 
 /// Gives `widget` the back and fore colour of its record; `kNoColour` is the style's own.

@@ -106,7 +106,8 @@ MainWindow MakeMainWindow() {
     window->setCentralWidget(area);
     made.Controls = BuildWidgets(Principal, area);
     made.Menus = std::make_shared<MenuBarView>();
-    made.Menus->Bar = window->menuBar();
+    made.Menus->Bar = MakeMenuBar(window);
+    window->setMenuBar(made.Menus->Bar);
     made.Menus->Bar->setNativeMenuBar(false);
     made.Menus->Record = &Principal;
     const auto* menuKey = new QShortcut(Qt::Key_F10, window);

@@ -2,8 +2,10 @@
 
 #include <QCursor>
 #include <QMenu>
+#include <QPainter>
 #include <map>
 
+#include "platform/qt/later.h"
 #include "platform/qt/menu_letters.h"
 #include "platform/qt/shell.h"
 #include "platform/qt/text.h"
@@ -101,7 +103,36 @@ void RebuildBar(MenuBarView& view) {
     }
 }
 
+/// A menu that came by a key begins with its first item.
+void MarkFirstItem(QMenu& menu) {
+    for (QAction* item : menu.actions()) {
+        if (item->isSeparator() || !item->isEnabled()) continue;
+        menu.setActiveAction(item);
+        return;
+    }
+}
+
+/// A bar that Alt gave the focus to shows which of its menus the arrows are on; the style shows
+/// only one that stands open.
+class MarkedMenuBar : public QMenuBar {
+  public:
+    using QMenuBar::QMenuBar;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        QMenuBar::paintEvent(event);
+        if (!hasFocus() || activeAction() == nullptr) return;
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(actionGeometry(activeAction()).adjusted(0, 0, -1, -1));
+    }
+};
+
 }  // namespace
+
+QMenuBar* MakeMenuBar(QWidget* window) {
+    return new MarkedMenuBar(window);
+}
 
 void ShowMenuBar(MenuBarView& view) {
     std::string structure;
@@ -127,9 +158,7 @@ void OpenMenuBar(QMenuBar* bar) {
     if (menus.isEmpty()) return;
     bar->setActiveAction(menus.constFirst());
     QMenu* menu = menus.constFirst()->menu();
-    if (menu != nullptr && !menu->actions().isEmpty()) {
-        menu->setActiveAction(menu->actions().constFirst());
-    }
+    if (menu != nullptr) MarkFirstItem(*menu);
 }
 
 void RunPopupMenu(Window& window, const std::string& name) {
@@ -143,6 +172,7 @@ void RunPopupMenu(Window& window, const std::string& name) {
     QMenu popup(Shell.MainWindow);
     popup.setSeparatorsCollapsible(false);
     AddItems(&popup, window, menu->Name, 0, actions);
+    if (Shell.PopupAt) RunLater(&popup, 0, [&popup] { MarkFirstItem(popup); });
     const QAction* chosen = popup.exec(Shell.PopupAt.value_or(QCursor::pos()));
     for (const MenuAction& entry : actions) {
         if (entry.Action == chosen) ClickItem(window, entry.MenuName, entry.Index);

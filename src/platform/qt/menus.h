@@ -27,6 +27,9 @@ struct MenuBarView {
 /// state and shortcuts. The bar is built anew only when the arrays themselves differ.
 void ShowMenuBar(MenuBarView& view);
 
+/// An empty menu bar for a window.
+QMenuBar* MakeMenuBar(QWidget* window);
+
 /// Opens the first menu of the bar with its first item marked, as F10 does.
 void OpenMenuBar(QMenuBar* bar);
 

@@ -28,6 +28,10 @@ std::string SmallDisk() {
     return disk.Image();
 }
 
+bool IsFirstMarked(QWidget* menu) {
+    return static_cast<QMenu*>(menu)->activeAction() == menu->actions().at(0);
+}
+
 /// The grid of "COCO.DSK": ALPHA, BETA and GAMMA show.
 class GridKeysTest : public KeyboardTest {
   protected:
@@ -98,7 +102,7 @@ TEST_F(GridKeysTest, AltAndDownBringUpTheTypesOfACell) {
     GoToCell(1, 2);
     const WhenOpen popup(Box::Menu, [](QWidget* menu) {
         EXPECT_EQ(menu->actions().size(), 4);
-        QTest::keyClick(menu, Qt::Key_Down);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return IsFirstMarked(menu); }));
         QTest::keyClick(menu, Qt::Key_Return);
     });
     Key(Qt::Key_Down, Qt::AltModifier);
@@ -128,7 +132,7 @@ TEST_F(GridKeysTest, F4ListsTheColumnsAsARightClickOnTheHeaderDoes) {
     ASSERT_FALSE(Header()->isSectionHidden(1));
     const WhenOpen popup(Box::Menu, [](QWidget* menu) {
         EXPECT_EQ(menu->actions().size(), 18);
-        QTest::keyClick(menu, Qt::Key_Down);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return IsFirstMarked(menu); }));
         QTest::keyClick(menu, Qt::Key_Down);
         QTest::keyClick(menu, Qt::Key_Return);
     });

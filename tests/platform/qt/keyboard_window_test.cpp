@@ -60,6 +60,24 @@ TEST_F(KeyboardUseTest, F10OpensTheMenuAndArrowsAndEnterChooseInIt) {
     EXPECT_EQ(clicked, std::vector<int>{2});
 }
 
+TEST_F(KeyboardUseTest, TheBarShowsWhichMenuTheArrowsAreOn) {
+    const auto pixels = [this](int place) {
+        const QRect item = Bar()->actionGeometry(Bar()->actions().at(place));
+        return Bar()->grab(item).toImage();
+    };
+    const QImage first = pixels(0);
+    const QImage second = pixels(1);
+    GoTo(Files());
+    Key(Qt::Key_F10);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    ASSERT_TRUE(Bar()->hasFocus());
+    EXPECT_NE(pixels(0), first);
+    QTest::keyClick(Bar(), Qt::Key_Right);
+    EXPECT_EQ(pixels(0), first);
+    EXPECT_NE(pixels(1), second);
+}
+
 TEST_F(KeyboardUseTest, EscapeLeavesTheMenuForTheFieldThatHadTheFocus) {
     GoTo(Find<QLineEdit>("FilePath"));
     Key(Qt::Key_F10);
