@@ -47,6 +47,8 @@ void HookWindow(QWidget* window, Window* record) {
             return true;
         }
         if (event->type() == QEvent::Close) {
+            // Not every window manager gives the keys back to the window behind.
+            if (window->isActiveWindow()) Shell.MainWindow->activateWindow();
             UserAction([record] { Raise(record->Close); });
             RemoveRefresh(window);
             window->deleteLater();

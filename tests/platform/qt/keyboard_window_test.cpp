@@ -305,6 +305,7 @@ TEST_F(KeyboardUseTest, AFileIsShownInAWindowOfItsOwnAndEscapeClosesThat) {
     EXPECT_EQ(rows.Value, rows.Maximum);
     KeyIn(viewer, Qt::Key_Escape);
     EXPECT_FALSE(viewer->isVisible());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(Window_.Widget.get()));
 }
 
 // The boxes
