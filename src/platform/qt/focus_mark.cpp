@@ -2,6 +2,7 @@
 
 #include <QAbstractScrollArea>
 #include <QPainter>
+#include <QPointer>
 
 #include "platform/qt/event_hook.h"
 
@@ -24,10 +25,41 @@ void PaintFrame(QFrame* frame) {
     }
 }
 
+constexpr int kRingWidth = 2;  ///< pixels
+
+void PlaceRing(QWidget* ring, const QWidget* widget) {
+    ring->setGeometry(
+        widget->geometry().adjusted(-kRingWidth, -kRingWidth, kRingWidth, kRingWidth));
+}
+
+/// The ring is an area behind the widget, a little larger than that.
+void AddRing(QWidget* widget) {
+    auto* ring = new QWidget(widget->parentWidget());
+    ring->setAttribute(Qt::WA_TransparentForMouseEvents);
+    ring->setAutoFillBackground(true);
+    ring->setBackgroundRole(QPalette::Highlight);
+    ring->hide();
+    const QPointer<QWidget> there(ring);
+    HookEvents(widget, [there, widget](QEvent* event) {
+        const QEvent::Type type = event->type();
+        if (there.isNull()) return false;
+        if (type == QEvent::FocusIn) {
+            PlaceRing(there, widget);
+            there->stackUnder(widget);
+            there->show();
+        }
+        if (type == QEvent::FocusOut || type == QEvent::Hide) there->hide();
+        if (type == QEvent::Move || type == QEvent::Resize) PlaceRing(there, widget);
+        return false;
+    });
+}
+
 }  // namespace
 
-void MarkFocus(QWidget* widget) {
+void MarkFocus(QWidget* widget, ControlKind kind) {
     auto* frame = qobject_cast<QAbstractScrollArea*>(widget);
+    const bool picture = kind == ControlKind::Picture && widget->focusPolicy() != Qt::NoFocus;
+    if (frame != nullptr || picture) AddRing(widget);
     if (frame == nullptr) return;
     HookEvents(frame, [frame](QEvent* event) {
         const QEvent::Type type = event->type();

@@ -56,6 +56,14 @@ bool IsMarked(const QWidget* widget, const QModelIndex& index) {
            view->property(kMarksCurrentCell).toBool();
 }
 
+/// Areas a pixel wide, which no scaling of the screen makes vanish.
+void PaintOutline(QPainter* painter, const QRect& cell, const QColor& colour) {
+    painter->fillRect(QRect(cell.left(), cell.top(), cell.width(), 1), colour);
+    painter->fillRect(QRect(cell.left(), cell.bottom(), cell.width(), 1), colour);
+    painter->fillRect(QRect(cell.left(), cell.top(), 1, cell.height()), colour);
+    painter->fillRect(QRect(cell.right(), cell.top(), 1, cell.height()), colour);
+}
+
 }  // namespace
 
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -79,8 +87,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         option.rect.adjusted(kGridCellMargin + cell->Indent, 0, -kGridCellMargin, 0);
     DrawFixedText(*painter, place, index.data().toString(), cell->Bold, cell->RightAligned);
     if (IsMarked(option.widget, index)) {
-        painter->setPen(QPen(fore, 1, Qt::DotLine));
-        painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+        PaintOutline(painter, option.rect, fore);
     }
     painter->restore();
 }

@@ -173,7 +173,7 @@ ControlWidget MakeControl(const WindowWidgets& widgets, ControlRef place) {
     if (made.Widget == nullptr) return made;
     made.Widget->setObjectName(ToText(record.Name) + QString::number(record.Index));
     ShowFont(made.Widget, record.Font);
-    MarkFocus(made.Widget);
+    MarkFocus(made.Widget, record.Kind);
     HookCommonEvents(made.Widget, place);
     if (place.Owner == &Principal) DropPressesBesideEditor(made.Widget, record);
     const bool dragged = record.Kind == ControlKind::Grid || record.Kind == ControlKind::FileList;

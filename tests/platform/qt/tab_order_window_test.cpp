@@ -107,5 +107,16 @@ TEST_F(TabOrderTest, AListThatHasTheFocusShowsIt) {
     EXPECT_EQ(frame(), mark);
 }
 
+TEST_F(TabOrderTest, APictureThatTakesKeysHasARingWhileItHasTheFocus) {
+    auto* map = Find<QWidget>("TrackBlock");
+    const QPoint beside = map->mapTo(Window_.Widget.get(), QPoint(-1, map->height() / 2));
+    const auto ring = [&] { return Window_.Widget->grab().toImage().pixelColor(beside); };
+    const QColor mark = map->palette().color(QPalette::Highlight);
+    GoTo(map);
+    EXPECT_EQ(ring(), mark);
+    Key(Qt::Key_Tab);
+    EXPECT_NE(ring(), mark);
+}
+
 }  // namespace
 }  // namespace brindlemoor::test
