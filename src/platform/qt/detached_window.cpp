@@ -48,7 +48,8 @@ void HookWindow(QWidget* window, Window* record) {
         }
         if (event->type() == QEvent::Close) {
             // Not every window manager gives the keys back to the window behind.
-            if (window->isActiveWindow()) Shell.MainWindow->activateWindow();
+            const bool active = window->isActiveWindow() && !Shell.MainWindow.isNull();
+            if (active) Shell.MainWindow->activateWindow();
             UserAction([record] { Raise(record->Close); });
             RemoveRefresh(window);
             window->deleteLater();

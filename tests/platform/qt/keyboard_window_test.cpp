@@ -14,6 +14,7 @@
 #include <QSlider>
 #include <QTabBar>
 #include <QTest>
+#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -165,22 +166,28 @@ TEST_F(KeyboardUseTest, TheAboutBoxClosesByEnter) {
 }
 
 TEST_F(KeyboardUseTest, ABlankDiskIsMadeByKeys) {
+    std::unique_ptr<WhenOpen> file;
     InDialog(
         [this] {
             ChooseByKeys({0, 0});
         },
-        [](QWidget* dialog) {
-            GoTo(In<QComboBox>(dialog, "Tracks"));
-            TypeIn(dialog, "40");
+        [this, &file](QWidget* dialog) {
             GoTo(In<QRadioButton>(dialog, "VDiskF", 1));
             KeyIn(dialog, Qt::Key_Space);
             EXPECT_TRUE(In<QRadioButton>(dialog, "VDiskF", 1)->isChecked());
-            GoTo(In<QCheckBox>(dialog, "Format"));
-            KeyIn(dialog, Qt::Key_Space);
+            KeyIn(dialog, Qt::Key_Tab, Qt::ShiftModifier);
             GoTo(In<QComboBox>(dialog, "Tracks"));
-            KeyIn(dialog, Qt::Key_Escape);
+            TypeIn(dialog, "80");
+            file = std::make_unique<WhenOpen>(Box::Dialog, [this](QWidget* box) {
+                EXPECT_TRUE(QTest::qWaitForWindowActive(box));
+                TypeIn(box, PcFolder + "/BLANK");
+                KeyIn(box, Qt::Key_Return);
+            });
+            KeyIn(dialog, Qt::Key_Return);
         });
-    EXPECT_TRUE(Disk.ImageBytes.empty());
+    ASSERT_NE(file, nullptr);
+    EXPECT_TRUE(file->Came());
+    EXPECT_EQ(std::filesystem::file_size(PcFolder + "/BLANK.VDK"), 80U * 18 * 256 + 16);
 }
 
 TEST_F(KeyboardUseTest, TheHeaderIsEditedByKeys) {

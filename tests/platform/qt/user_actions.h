@@ -20,7 +20,8 @@ void ClickCell(QTableView* view, int row, int column,
 /// Drags with the left button from one place of a widget to another.
 void Drag(QWidget* widget, QPoint from, QPoint to);
 
-/// What an item of a menu shows, without the marks of its letters, and the item that shows `text`, null when there is none.
+/// What an item of a menu shows, without the marks of its letters, and the item that shows `text`,
+/// null when there is none.
 std::string ItemText(const QAction* item);
 QAction* ItemOf(const QWidget* menu, const std::string& text);
 
