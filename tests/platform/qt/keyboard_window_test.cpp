@@ -175,9 +175,10 @@ TEST_F(KeyboardUseTest, ABlankDiskIsMadeByKeys) {
             GoTo(In<QRadioButton>(dialog, "VDiskF", 1));
             KeyIn(dialog, Qt::Key_Space);
             EXPECT_TRUE(In<QRadioButton>(dialog, "VDiskF", 1)->isChecked());
-            KeyIn(dialog, Qt::Key_Tab, Qt::ShiftModifier);
-            GoTo(In<QComboBox>(dialog, "Tracks"));
-            TypeIn(dialog, "80");
+            auto* tracks = In<QComboBox>(dialog, "Tracks");
+            GoTo(tracks);
+            for (int step = 0; step < tracks->count(); ++step) KeyIn(dialog, Qt::Key_Down);
+            EXPECT_EQ(tracks->currentText(), QStringLiteral("80"));
             file = std::make_unique<WhenOpen>(Box::Dialog, [this](QWidget* box) {
                 EXPECT_TRUE(QTest::qWaitForWindowActive(box));
                 TypeIn(box, PcFolder + "/BLANK");
