@@ -7,7 +7,6 @@
 #include "convert/cas.h"
 #include "convert/conversion.h"
 #include "convert/edit_command.h"
-#include "convert/file_commands.h"
 #include "convert/file_run.h"
 #include "convert/line_ends.h"
 #include "convert/paint_command.h"

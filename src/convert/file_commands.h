@@ -3,24 +3,14 @@
 #include <cstdint>
 #include <functional>
 
+#include "convert/file_run.h"
+
 namespace brindlemoor {
 
 /// The values of `PopupSide`: the list of the PC's files, `File1`, or that of the disk,
 /// `ListDirec`.
 inline constexpr std::int16_t kPcSide = 0;
 inline constexpr std::int16_t kDiskSide = 100;
-
-/// Items of `PopMenu` by their place. The last two are also reached by a drop and by the Delete
-/// key.
-inline constexpr int kViewCommand = 0;
-inline constexpr int kEditCommand = 1;
-inline constexpr int kEditBytesCommand = 2;
-inline constexpr int kPaintCommand = 3;
-inline constexpr int kSaveCommand = 6;
-inline constexpr int kDeleteCommand = 7;
-
-/// The first index of the items of `ConvMenu`.
-inline constexpr int kFirstConversion = 20;
 
 /// The list whose selection the next file command works on.
 extern std::int16_t PopupSide;

@@ -4,6 +4,18 @@
 
 namespace brindlemoor {
 
+/// Items of `PopMenu` by their place. The last two are also reached by a drop and by the Delete
+/// key.
+inline constexpr int kViewCommand = 0;
+inline constexpr int kEditCommand = 1;
+inline constexpr int kEditBytesCommand = 2;
+inline constexpr int kPaintCommand = 3;
+inline constexpr int kSaveCommand = 6;
+inline constexpr int kDeleteCommand = 7;
+
+/// The first index of the items of `ConvMenu`.
+inline constexpr int kFirstConversion = 20;
+
 /// What a command works on: one selected file.
 struct FileRun {
     std::string FolderPath;  ///< the folder of `File1`, also for a file of the disk

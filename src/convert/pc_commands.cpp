@@ -7,7 +7,6 @@
 #include "convert/cartridge.h"
 #include "convert/cas.h"
 #include "convert/conversion.h"
-#include "convert/file_commands.h"
 #include "convert/line_ends.h"
 #include "convert/pc_delete.h"
 #include "convert/wav.h"

@@ -33,7 +33,6 @@ inline constexpr int kDragonExtentBytes = 3;
 /// Sectors that a directory row counts as one granule, as on a CoCo disk.
 inline constexpr int kDragonGranuleSectors = 9;
 
-inline constexpr int kDragonBitmapBytes = 360;
 inline constexpr int kDragonGeometrySector = 360;
 inline constexpr int kDragonDirectorySector = 362;
 inline constexpr int kDragonDirectorySectors = 16;
@@ -43,9 +42,6 @@ inline constexpr int kDragonDirectorySectorBytes = 250;
 
 /// The flag byte of an entry that was never used.
 inline constexpr int kDragonUnusedEntry = 137;
-
-inline constexpr int kDragonDirectoryTrack = 20;
-inline constexpr int kDragonCopyTrack = 16;
 
 /// Files are only read from sectors below this one, also on larger disks.
 inline constexpr int kDragonSectorLimit = 721;

@@ -5,7 +5,6 @@
 #include "core/disk_state.h"
 #include "core/platform.h"
 #include "core/screen.h"
-#include "filesystems/dragon.h"
 #include "filesystems/sectors.h"
 
 namespace brindlemoor {

@@ -5,6 +5,13 @@
 
 namespace brindlemoor {
 
+/// Bytes of the whole bitmap, both halves.
+inline constexpr int kDragonBitmapBytes = 360;
+
+/// The track that begins with the bitmap, and the one that holds a copy of it.
+inline constexpr int kDragonDirectoryTrack = 20;
+inline constexpr int kDragonCopyTrack = 16;
+
 /// Writes the two halves of `Disk.FatBytes`, 180 bytes each, from the sectors `firstSector` and the
 /// one behind it on.
 void PutDragonBitmap(std::int64_t firstSector);
