@@ -83,10 +83,13 @@ void RemoveHeaderByExtension(int dkLength, int firstByte) {
     CutHeader(length);
 }
 
+bool HasDmkGap(const std::string& image) {
+    return CutBytes(image, kDmkGapOffset, kDmkGapBytes) == std::string(kDmkGapBytes, kDmkGapByte);
+}
+
 /// A DMK file becomes plain sectors: always 35 tracks of 18.
 void FlattenDmk(int firstByte) {
-    const std::string gap(kDmkGapBytes, kDmkGapByte);
-    if (CutBytes(Disk.ImageBytes, kDmkGapOffset, kDmkGapBytes) != gap || firstByte != 0) return;
+    if (!HasDmkGap(Disk.ImageBytes) || firstByte != 0) return;
     CutHeader(kDmkHeaderBytes);
     Disk.TrackCount = static_cast<std::int16_t>(ByteOr(Disk.ImageHeader, 1, 0));
     std::string sectors;
@@ -107,6 +110,10 @@ void RemoveContainer() {
     const int firstByte = ByteOr(Disk.ImageBytes, 0, -1);
     RemoveHeaderByExtension(dkLength, firstByte);
     FlattenDmk(firstByte);
+}
+
+bool IsDmkFile(const std::string& file) {
+    return HasDmkGap(file) && ByteOr(file, 0, -1) == 0;
 }
 
 }  // namespace brindlemoor

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 // The containers in which the sectors of a disk come.
 //
 // "dk" header, at the start of the file:
@@ -22,5 +24,9 @@ namespace brindlemoor {
 /// header's rules give go to `Disk`. Shows "Solo se aceptan Sectores de 256 bytes" for another
 /// sector size. Fails with 11 or 6 on a header whose geometry divides by zero or is out of range.
 void RemoveContainer();
+
+/// Whether the bytes of a file are those of a DMK file that `RemoveContainer` turns into plain
+/// sectors. Nothing turns sectors into one: saving such a disk does not give a DMK file.
+bool IsDmkFile(const std::string& file);
 
 }  // namespace brindlemoor

@@ -10,6 +10,7 @@
 #include "core/settings.h"
 #include "filesystems/commit.h"
 #include "image/blank_image.h"
+#include "image/containers.h"
 #include "image/modified_state.h"
 #include "image/pc_file.h"
 #include "image/save_image.h"
@@ -39,6 +40,37 @@ void OpenFile() {
     if (!path.empty()) SelectPcFile(path);
 }
 
+/// Nobody loses a disk to a menu or a button without having been told.
+bool AskedFirst(const std::string& english, const std::string& spanish) {
+    return Platform.ShowMessage(Settings.LanguageIndex != 0 ? spanish : english, Disk.AppTitle,
+                                Buttons::OkCancel, MessageIcon::Exclamation) == Answer::Ok;
+}
+
+/// Writing the rows of an OS-9 disk into its image leaves the identification sector and the map,
+/// and blanks everything else.
+bool MayBlankOs9Disk() {
+    if (Disk.DiskFamily != kOs9) return true;
+    return AskedFirst(
+        "Saving an OS-9 disk with this button erases all its files: only the "
+        "identification sector and the map remain.\r\n\r\n"
+        "To keep them use Files, Save. Erase them?",
+        "Grabar con este botón borra todos los archivos de un disco OS-9: solo quedan "
+        "el sector de identificación y el mapa.\r\n\r\n"
+        "Para conservarlos use Archivos, Guardar. ¿Borrarlos?"_w);
+}
+
+/// What is saved of a DMK file is its header and plain sectors, which nobody reads.
+bool MayFlattenDmk() {
+    if (!IsDmkFile(Disk.ImageOnOpen)) return true;
+    return AskedFirst(
+        "Saving a DMK image writes its sectors without their tracks: a file that neither "
+        "emulators nor this program can read.\r\n\r\n"
+        "To keep the files copy them to the PC. Save all the same?",
+        "Guardar una imagen DMK escribe sus sectores sin las pistas: un archivo que ni los "
+        "emuladores ni este programa pueden leer.\r\n\r\n"
+        "Para conservar los archivos cópielos a la PC. ¿Guardar de todos modos?"_w);
+}
+
 /// Writes the disk to the path in `PathDsk`; then the file just written is opened.
 void SaveFile() {
     std::string path = PrincipalControl("PathDsk").Text;
@@ -49,7 +81,7 @@ void SaveFile() {
 
 /// Without a disk there is nothing that could take a file's place.
 void SaveFileAs() {
-    if (Disk.ImageBytes.empty()) return;
+    if (Disk.ImageBytes.empty() || !MayFlattenDmk()) return;
     const std::string path = AskForFile("G", "Seleccione el Archivo");
     if (path.empty()) return;
     SetText(PrincipalControl("PathDsk"), path);
@@ -98,7 +130,8 @@ void FilesMenuClicked(int index) {
         case kReOpen:
             return ReOpenImage();
         case kSave:
-            return SaveFile();
+            if (MayFlattenDmk()) SaveFile();
+            return;
         case kSaveAs:
             return SaveFileAs();
         case kExit:
@@ -108,27 +141,11 @@ void FilesMenuClicked(int index) {
     }
 }
 
-/// Writing the rows of an OS-9 disk into its image leaves the identification sector and the map,
-/// and blanks everything else. Nobody loses a disk to a button without having been told.
-bool MayBlankOs9Disk() {
-    if (Disk.DiskFamily != kOs9) return true;
-    const bool spanish = Settings.LanguageIndex != 0;
-    const std::string question =
-        spanish ? "Grabar con este botón borra todos los archivos de un disco OS-9: solo quedan "
-                  "el sector de identificación y el mapa.\r\n\r\n"
-                  "Para conservarlos use Archivos, Guardar. ¿Borrarlos?"_w
-                : "Saving an OS-9 disk with this button erases all its files: only the "
-                  "identification sector and the map remain.\r\n\r\n"
-                  "To keep them use Files, Save. Erase them?"_w;
-    return Platform.ShowMessage(question, Disk.AppTitle, Buttons::OkCancel,
-                                MessageIcon::Exclamation) == Answer::Ok;
-}
-
 /// The button writes the rows into the image first; the menu entry saves the image as it stands.
 /// The image differs from its file from then on, also when the saving fails.
 void SaveButtonPressed() {
     if (!Disk.ImageBytes.empty()) {
-        if (!MayBlankOs9Disk()) return;
+        if (!MayBlankOs9Disk() || !MayFlattenDmk()) return;
         if (const auto failure = FailureOfStep(CommitDirectory)) {
             ShowFailure(*failure);
             return;

@@ -191,6 +191,14 @@ TEST_F(ContainersTest, ADmkFileBecomesPlainSectorsInLogicalOrder) {
     EXPECT_EQ(Disk.TrackCount, 35);
 }
 
+TEST_F(ContainersTest, AFileIsKnownAsDmkByWhatBecomesSectors) {
+    EXPECT_TRUE(IsDmkFile(DmkFile(35, 0)));
+    EXPECT_FALSE(IsDmkFile(DmkFile(35, 255)));
+    Remove(DmkFile(35, 0));
+    EXPECT_FALSE(IsDmkFile(Disk.ImageHeader + Disk.ImageBytes));
+    EXPECT_FALSE(IsDmkFile(""));
+}
+
 TEST_F(ContainersTest, ADmkFileOf40TracksLosesTheRest) {
     Remove(DmkFile(40, 0));
     EXPECT_EQ(Disk.ImageBytes.size(), 161280U);

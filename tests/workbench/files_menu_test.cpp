@@ -216,6 +216,28 @@ TEST_F(FilesMenuTest, TheButtonAsksBeforeItBlanksAnOs9Disk) {
     EXPECT_EQ(FileBytes(Path("a.dsk")), OneFileDisk());
 }
 
+TEST_F(FilesMenuTest, EverySavingAsksBeforeADmkFileLosesItsTracks) {
+    const std::string file = TestData("decb/decb35-imgtool.dmk");
+    WriteTestFile(PcFolder, "b.dmk", file);
+    SelectPcFile(Path("b.dmk"));
+    ASSERT_GT(Disk.DirRows, 0);
+    const std::string image = Disk.ImageBytes;
+    Menu(5);
+    Menu(6);
+    PrincipalControl("SaveBtn").Click();
+    ASSERT_EQ(script_.Messages.size(), 3U);
+    for (const auto& message : script_.Messages) {
+        EXPECT_NE(message.Text.find("DMK"), std::string::npos);
+        EXPECT_EQ(message.Choice, Buttons::OkCancel);
+    }
+    EXPECT_TRUE(script_.FileQuestions.empty());
+    EXPECT_EQ(FileBytes(Path("b.dmk")), file);
+
+    script_.Answers = {Answer::Ok};
+    Menu(5);
+    EXPECT_EQ(FileBytes(Path("b.dmk")), file.substr(0, 16) + image);
+}
+
 TEST_F(FilesMenuTest, RowsThatCannotBeWrittenIntoTheImageAreNotSaved) {
     OpenDisk();
     Disk.DiskFamily = kOs9;
