@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Looks whether what the documents name is there: links, headings that links lead to, scripts and
-their options, files of the tree, lines of sources, benchmarks and tests. Prints each thing that is
-not, with its line.
+their options, files of the tree, lines of sources, benchmarks and tests; and whether the page on the
+architecture names every unit of the sources. Prints each thing that is not, with its line.
 
     tests/documents/check_documents.py [folder]
 """
@@ -113,6 +113,17 @@ class Checker:
                 self.fault(path, number, f"src/{code} is not there")
 
 
+    def check_units(self):
+        page = self.root / "docs/architecture.md"
+        if not page.exists():
+            return
+        words = set(re.findall(r"\w+", page.read_text(encoding="utf-8")))
+        units = {path.stem for suffix in ("h", "cpp")
+                 for path in (self.root / "src").rglob(f"*.{suffix}")}
+        for unit in sorted(units - words):
+            self.fault(page, 1, f"the unit {unit} is not named")
+
+
 def names_in(folder, pattern, form):
     found = set()
     for path in folder.rglob("*.cpp"):
@@ -128,6 +139,7 @@ def main():
     for path in documents(root):
         checker.check(path)
         count += 1
+    checker.check_units()
     if count == 0:
         checker.faults.append(f"{root} has no documents")
     print("\n".join(checker.faults) if checker.faults else f"{count} documents, all is there")

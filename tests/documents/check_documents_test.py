@@ -87,6 +87,12 @@ class CheckDocumentsTest(unittest.TestCase):
         self.assertEqual(self.check("`Suite.Gone`\n", "docs/reliability.md"),
                          ["docs/reliability.md:1: there is no test Suite.Gone"])
 
+    def test_a_unit_that_the_page_on_the_architecture_forgets_is_found(self):
+        self.write("src/core/byte.cpp", "")
+        self.assertEqual(self.check("| `bytes` things |\n", "docs/architecture.md"),
+                         ["docs/architecture.md:1: the unit byte is not named"])
+        self.assertEqual(self.check("`core/bytes.h` and `byte`\n", "docs/architecture.md"), [])
+
     def test_a_tree_without_documents_is_a_fault(self):
         (self.root / "docs/page.md").unlink()
         done = subprocess.run([sys.executable, str(CHECKER), str(self.root)], text=True,
