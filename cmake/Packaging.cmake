@@ -35,6 +35,7 @@ install(FILES "${linuxFiles}/brindlemoor.desktop"
     DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
 install(FILES "${linuxFiles}/example.brindlemoor.brindlemoor.metainfo.xml"
     DESTINATION "${CMAKE_INSTALL_DATADIR}/metainfo")
+install(FILES "${linuxFiles}/brindlemoor.xml" DESTINATION "${CMAKE_INSTALL_DATADIR}/mime/packages")
 install(FILES "${packaged}/brindlemoor.1.gz" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
 install(FILES "${packaged}/changelog.gz" "${linuxFiles}/copyright"
     DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/brindlemoor")
