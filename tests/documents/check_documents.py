@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Looks whether what the documents name is there: links, headings that links lead to, scripts and
 their options, files of the tree, lines of sources, benchmarks and tests; and whether the page on the
-architecture names every unit of the sources. Prints each thing that is not, with its line.
+architecture names every unit of the sources, and the manuals have the chapters that they promise,
+all of them the same number. Prints each thing that is not, with its line.
 
     tests/documents/check_documents.py [folder]
 """
@@ -123,6 +124,23 @@ class Checker:
         for unit in sorted(units - words):
             self.fault(page, 1, f"the unit {unit} is not named")
 
+    def check_manuals(self):
+        counts = {}
+        for path in sorted((self.root / "help").glob("*")):
+            text = path.read_text(encoding="utf-8")
+            promised = re.findall(r"^ {2,3}(\d+ .+)$", text, re.M)
+            chapters = re.findall(r"^(\d+  .+)\n-+$", text, re.M)
+            plain = [[" ".join(title.upper().split()) for title in titles]
+                     for titles in (promised, chapters)]
+            if plain[0] != plain[1]:
+                self.fault(path, 1, "its chapters are not those of its list")
+            for number, line in enumerate(text.splitlines(), 1):
+                if len(line) > 79:
+                    self.fault(path, number, "the line is too long for a window of 80 columns")
+            counts[path] = len(chapters)
+        if len(set(counts.values())) > 1:
+            self.fault(min(counts, key=counts.get), 1, "another manual has more chapters")
+
 
 def names_in(folder, pattern, form):
     found = set()
@@ -140,6 +158,7 @@ def main():
         checker.check(path)
         count += 1
     checker.check_units()
+    checker.check_manuals()
     if count == 0:
         checker.faults.append(f"{root} has no documents")
     print("\n".join(checker.faults) if checker.faults else f"{count} documents, all is there")

@@ -93,6 +93,19 @@ class CheckDocumentsTest(unittest.TestCase):
                          ["docs/architecture.md:1: the unit byte is not named"])
         self.assertEqual(self.check("`core/bytes.h` and `byte`\n", "docs/architecture.md"), [])
 
+    def test_manuals_with_other_chapters_than_they_promise_are_found(self):
+        manual = "   1  One\n   2  Two, \u00e1\n\n1  ONE\n------\n\n2  TWO, \u00c1\n-------\n"
+        self.write("help/A", manual)
+        self.write("help/B", manual)
+        self.assertEqual(self.check(""), [])
+        self.write("help/B", manual.replace("2  TWO", "3  TWO"))
+        self.assertEqual(self.check(""), ["help/B:1: its chapters are not those of its list"])
+        self.write("help/B", "   1  One\n\n1  ONE\n------\n")
+        self.assertEqual(self.check(""), ["help/B:1: another manual has more chapters"])
+        self.write("help/B", manual + "x" * 80 + "\n")
+        self.assertEqual(self.check(""),
+                         ["help/B:9: the line is too long for a window of 80 columns"])
+
     def test_a_tree_without_documents_is_a_fault(self):
         (self.root / "docs/page.md").unlink()
         done = subprocess.run([sys.executable, str(CHECKER), str(self.root)], text=True,
