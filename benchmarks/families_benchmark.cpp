@@ -15,30 +15,15 @@
 #include "core/platform.h"
 #include "core/screen.h"
 #include "image/read_disk.h"
+#include "plain_copy.h"
 #include "synthetic_disks.h"
 
 namespace brindlemoor {
 namespace {
 
-constexpr int kCopies = 20;
-
 /// Seconds since `start`.
 double SecondsSince(std::chrono::steady_clock::time_point start) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-/// Seconds that one copy of `bytes` takes: the quickest of several.
-double CopySeconds(const std::string& bytes) {
-    double quickest = 1e9;
-    std::string copy(bytes.size(), '\0');
-    for (int i = 0; i < kCopies; ++i) {
-        const auto start = std::chrono::steady_clock::now();
-        copy.assign(bytes);
-        benchmark::DoNotOptimize(copy.data());
-        benchmark::ClobberMemory();
-        quickest = std::min(quickest, SecondsSince(start));
-    }
-    return quickest;
 }
 
 /// Bytes of all files that the rows hold.
@@ -73,8 +58,8 @@ void ReadSynthetic(benchmark::State& state, std::string (*disk)(), int rows) {
     if (Disk.DirRows != rows) state.SkipWithError("the disk was not read as it should be");
     static const double peak = PeakMebibytes();
     const std::size_t gathered = GatheredBytes();
-    const double copy = CopySeconds(file);
-    const double gatheredCopy = CopySeconds(file.substr(0, gathered));
+    const double copy = benchmarks::CopySeconds(file);
+    const double gatheredCopy = benchmarks::CopySeconds(file.substr(0, gathered));
     double reading = 1e9;
     for (auto _ : state) {
         Disk.ImageBytes = file;

@@ -13,6 +13,7 @@
 #include "core/platform.h"
 #include "core/screen.h"
 #include "image/read_disk.h"
+#include "plain_copy.h"
 
 namespace brindlemoor {
 namespace {
@@ -22,20 +23,6 @@ std::string ImageFile(const std::string& name) {
     std::ifstream file(path, std::ios::binary);
     if (!file) throw std::runtime_error(path + " cannot be read");
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-/// Seconds that one copy of `bytes` takes, from many copies in a row.
-double CopySeconds(const std::string& bytes) {
-    constexpr int kCopies = 2000;
-    std::string copy(bytes.size(), '\0');
-    const auto start = std::chrono::steady_clock::now();
-    for (int i = 0; i < kCopies; ++i) {
-        copy.assign(bytes);
-        benchmark::DoNotOptimize(copy.data());
-        benchmark::ClobberMemory();
-    }
-    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-    return taken.count() / kCopies;
 }
 
 void CopyImage(benchmark::State& state, const std::string& name) {
@@ -54,7 +41,7 @@ void ReadImage(benchmark::State& state, const std::string& name, int rows) {
     Platform = SilentPlatform();
     Screen = NoScreen();
     const std::string file = ImageFile(name);
-    const double copy = CopySeconds(file);
+    const double copy = benchmarks::CopySeconds(file);
     const auto start = std::chrono::steady_clock::now();
     for (auto _ : state) {
         Disk.ImageBytes = file;

@@ -1,21 +1,12 @@
-// Tapes into sound and back, beside the plain copy of the same samples and, where the machine has
-// it, beside MAME's castool.
+// Tapes into sound and back, beside the plain copy of the same samples.
 
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
-#include <spawn.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <algorithm>
 #include <chrono>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <memory>
 #include <string>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -24,6 +15,7 @@
 #include "core/disk_state.h"
 #include "core/platform.h"
 #include "core/settings.h"
+#include "plain_copy.h"
 
 namespace brindlemoor {
 namespace {
@@ -97,19 +89,6 @@ std::string HourOfSound() {
     return file;
 }
 
-/// Seconds that one copy of `bytes` into new memory takes.
-double CopySeconds(const std::string& bytes) {
-    constexpr int kCopies = 5;
-    const auto start = std::chrono::steady_clock::now();
-    for (int i = 0; i < kCopies; ++i) {
-        const std::string copy = bytes;
-        benchmark::DoNotOptimize(copy.data());
-        benchmark::ClobberMemory();
-    }
-    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-    return taken.count() / kCopies;
-}
-
 /// `memory`: the most that was in use during the first conversion, in sizes of the file. The most
 /// memory of a program never falls, so run this benchmark alone to see it.
 void WavToCasHour(benchmark::State& state) {
@@ -133,7 +112,7 @@ void WavToCasHour(benchmark::State& state) {
         *file = std::move(data);
         state.ResumeTiming();
     }
-    const double copy = CopySeconds(*file);
+    const double copy = benchmarks::CopyIntoNewSeconds(*file);
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(size));
     state.counters["times_copy"] = taken.count() / static_cast<double>(state.iterations()) / copy;
     state.counters["memory"] = memory;
@@ -145,7 +124,7 @@ void CasToWavFile(benchmark::State& state) {
     std::string stream = Stream(static_cast<std::size_t>(state.range(0)));
     std::string name = "NOISE.CAS";
     const std::string file = WavConvert(stream, name);
-    const double copy = CopySeconds(file);
+    const double copy = benchmarks::CopyIntoNewSeconds(file);
     const auto start = std::chrono::steady_clock::now();
     for (auto _ : state) {
         const std::string result = WavConvert(stream, name);
@@ -163,7 +142,7 @@ void CasThereAndBack(benchmark::State& state) {
     Disk.DiskFamily = kDecb;
     const std::string file =
         std::string("\xFF\0\0", 3) + Noise(static_cast<std::size_t>(state.range(0)));
-    const double copy = CopySeconds(file);
+    const double copy = benchmarks::CopyIntoNewSeconds(file);
     const auto start = std::chrono::steady_clock::now();
     for (auto _ : state) {
         std::string name = "NOISE.BAS";
@@ -179,94 +158,6 @@ void CasThereAndBack(benchmark::State& state) {
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(file.size()));
     state.counters["times_copy"] = taken.count() / static_cast<double>(state.iterations()) / copy;
 }
-
-#ifdef BRINDLEMOOR_CASTOOL
-
-/// Runs castool with these arguments and returns the seconds that its whole process took.
-double CastoolSeconds(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), BRINDLEMOOR_CASTOOL);
-    std::vector<char*> list;
-    list.reserve(arguments.size() + 1);
-    for (std::string& argument : arguments) list.push_back(argument.data());
-    list.push_back(nullptr);
-    posix_spawn_file_actions_t silence;
-    posix_spawn_file_actions_init(&silence);
-    posix_spawn_file_actions_addopen(&silence, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    posix_spawn_file_actions_addopen(&silence, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    const auto start = std::chrono::steady_clock::now();
-    pid_t process = 0;
-    if (posix_spawn(&process, list[0], &silence, nullptr, list.data(), environ) == 0) {
-        int status = 0;
-        waitpid(process, &status, 0);
-    }
-    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-    posix_spawn_file_actions_destroy(&silence);
-    return taken.count();
-}
-
-/// How often each side runs; the least time counts.
-constexpr int kRuns = 5;
-
-double LeastCastoolSeconds(const std::vector<std::string>& arguments) {
-    double least = CastoolSeconds(arguments);
-    for (int i = 1; i < kRuns; ++i) least = std::min(least, CastoolSeconds(arguments));
-    return least;
-}
-
-/// The same tape by MAME's castool, in the same run, the least time of five runs on each side. Ours
-/// reads the CAS file, converts it and writes the WAV file, within this program (`ours_ms`). Theirs
-/// is the whole process that does the same (`castool_ms`), of which `castool_start_ms` pass without
-/// any work (the process without an argument). It writes 96,000 samples of 16 bits a second, ours
-/// 44,100 of 8 bits: `castool_bytes` says how many times as many bytes. `times_faster` is castool's
-/// time over ours; `times_faster_per_byte` leaves out its start and is for as many bytes as ours.
-void CasToWavBesideCastool(benchmark::State& state) {
-    UseAudioOptions();
-    const std::string folder =
-        std::filesystem::temp_directory_path() / ("brindlemoor-tape-" + std::to_string(getpid()));
-    std::filesystem::create_directories(folder);
-    const std::string tape = folder + "/TAPE.CAS";
-    const std::string ours = folder + "/OURS.WAV";
-    const std::string theirs = folder + "/THEIRS.WAV";
-    std::ofstream(tape, std::ios::binary) << Stream(static_cast<std::size_t>(state.range(0)));
-    double own = 0;
-    for (auto _ : state) {
-        const auto start = std::chrono::steady_clock::now();
-        std::string data(std::filesystem::file_size(tape), '\0');
-        std::ifstream(tape, std::ios::binary)
-            .read(data.data(), static_cast<std::streamsize>(data.size()));
-        std::string name = tape;
-        const std::string file = WavConvert(data, name);
-        std::ofstream(ours, std::ios::binary)
-            .write(file.data(), static_cast<std::streamsize>(file.size()));
-        const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-        own = own == 0 ? taken.count() : std::min(own, taken.count());
-    }
-    const double startOnly = LeastCastoolSeconds({});
-    const double castool = LeastCastoolSeconds({"convert", "coco", tape, theirs});
-    std::error_code missing;
-    const auto written = std::filesystem::file_size(theirs, missing);
-    if (missing) {
-        state.SkipWithError("castool wrote nothing");
-    } else {
-        const double bytes =
-            static_cast<double>(written) / static_cast<double>(std::filesystem::file_size(ours));
-        state.counters["ours_ms"] = own * 1000;
-        state.counters["castool_ms"] = castool * 1000;
-        state.counters["castool_start_ms"] = startOnly * 1000;
-        state.counters["castool_bytes"] = bytes;
-        state.counters["times_faster"] = castool / own;
-        state.counters["times_faster_per_byte"] = (castool - startOnly) / bytes / own;
-    }
-    std::filesystem::remove_all(folder);
-}
-
-BENCHMARK(CasToWavBesideCastool)
-    ->Arg(30000)
-    ->Arg(600000)
-    ->Iterations(kRuns)
-    ->Unit(benchmark::kMillisecond);
-
-#endif
 
 BENCHMARK(WavToCasHour)->Unit(benchmark::kMillisecond);
 BENCHMARK(CasToWavFile)->Arg(30000)->Arg(600000)->Unit(benchmark::kMillisecond);

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/qt/grid_view.h"
+#include "platform/qt/large_blocks.h"
 #include "platform/qt/shell.h"
 #include "workbench/grid.h"
 
@@ -65,6 +66,7 @@ BENCHMARK(RepaintGrid)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
+    brindlemoor::ReuseLargeBlocks();
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

@@ -10,6 +10,7 @@
 #include "core/platform.h"
 #include "platform/qt/colours.h"
 #include "platform/qt/demonstration.h"
+#include "platform/qt/large_blocks.h"
 #include "platform/qt/later.h"
 #include "platform/qt/main_window.h"
 #include "platform/qt/qt_platform.h"
@@ -61,6 +62,7 @@ int main(int argumentCount, char** arguments) {
     QApplication application(argumentCount, arguments);
     const CommandLine line = ReadCommandLine(Words(argumentCount, arguments));
     if (!line.Answer.empty()) return Print(line);
+    ReuseLargeBlocks();
     QApplication::setApplicationName(QStringLiteral("Brindlemoor"));
     QApplication::setQuitOnLastWindowClosed(false);  // a box before the window is not the last one
     QTranslator translator;

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include "convert/cas.h"
 #include "convert/conversion.h"
@@ -30,7 +31,7 @@ RunStep ViewDiskFile(FileRun& run) {
 RunStep CopyToPc(FileRun& run) {
     std::string path = run.FullPath;
     std::string bytes = Disk.PcFileBytes;
-    LoadPcFile("G", path, bytes, kSkipCreateQuestion);
+    LoadPcFile("G", path, bytes, kSkipCreateQuestion | FlushOption(run));
     return path.empty() ? RunStep::End : RunStep::GoOn;
 }
 
@@ -133,10 +134,13 @@ void RunDiskCommand(int index, const std::vector<int>& rows) {
         if (IsDeleted(row)) continue;
         runs.push_back(FileRunOf(folder, TrimRight(DirTable[row].FullName), row));
     }
-    for (const FileRun& run : runs) {
+    const bool many = runs.size() > 1;
+    for (FileRun& run : runs) {
         if (IsDeleted(run.Row)) continue;
-        if (RunOnRow(command, run) == RunStep::End) break;
+        run.OneOfMany = many;
+        if (RunOnRow(command, std::move(run)) == RunStep::End) break;
     }
+    if (many && index == kSaveCommand) FlushPcFolder(folder);
     Screen.RefreshPcFiles();
 }
 

@@ -38,10 +38,14 @@ RunStep StoreOnDisk(const std::string& name, bool overwrite, const std::string& 
     return settled ? RunStep::GoOn : RunStep::End;
 }
 
-void StoreOnPc(const std::string& path, const std::string& data) {
-    std::string target = path;
-    std::string bytes = data;
-    LoadPcFile("G", target, bytes, kSkipCreateQuestion | kSkipOverwriteQuestion);
+int FlushOption(const FileRun& run) {
+    return run.OneOfMany ? kFlushWithOthers : 0;
+}
+
+void StoreOnPc(const FileRun& run) {
+    std::string target = run.FullPath;
+    std::string bytes = run.Result;
+    LoadPcFile("G", target, bytes, kSkipCreateQuestion | kSkipOverwriteQuestion | FlushOption(run));
 }
 
 }  // namespace brindlemoor

@@ -23,6 +23,7 @@ struct FileRun {
     std::string FullPath;    ///< where the PC has the file, or would have it
     std::string BaseName;    ///< of `FileName`, in front of its first dot
     int Row = -1;            ///< of `DirTable`; -1 for a file of the PC
+    bool OneOfMany = false;  ///< what it writes on the PC is flushed with the others of the run
 
     std::string Result;    ///< what a conversion made of the file
     bool Changed = false;  ///< `Result` is to be stored
@@ -54,8 +55,11 @@ RunStep ChangeBasic(std::string& data, std::string& result);
 /// differs from its file then. Ends the run when the user gave up the question for another name.
 RunStep StoreOnDisk(const std::string& name, bool overwrite, const std::string& data);
 
-/// Writes `data` as the file `path` of the PC, over what stands there. Shows the error of
-/// a writing that failed.
-void StoreOnPc(const std::string& path, const std::string& data);
+/// The bit of the options of `LoadPcFile` for what the run writes on the PC.
+int FlushOption(const FileRun& run);
+
+/// Writes the run's `Result` as its `FullPath` on the PC, over what stands there. Shows the error
+/// of a writing that failed.
+void StoreOnPc(const FileRun& run);
 
 }  // namespace brindlemoor

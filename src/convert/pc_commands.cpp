@@ -129,8 +129,13 @@ void TellThatOnlyAPartWasRead(const std::string& path) {
         Disk.AppTitle, Buttons::Ok, MessageIcon::Exclamation);
 }
 
-/// `made` becomes true when a file that was not there before may have come to be.
-RunStep RunOnFile(Command command, FileRun run, bool& made) {
+/// What a run has written into the folder.
+struct Written {
+    bool Anything = false;
+    bool NewNames = false;  ///< a file that was not there before may have come to be
+};
+
+RunStep RunOnFile(Command command, FileRun run, Written& written) {
     const std::string source = run.FullPath;
     std::string path = source;
     std::string bytes;
@@ -143,8 +148,9 @@ RunStep RunOnFile(Command command, FileRun run, bool& made) {
         TellThatOnlyAPartWasRead(source);
         return step;
     }
-    StoreOnPc(run.FullPath, run.Result);
-    made = made || run.FullPath != source;
+    StoreOnPc(run);
+    written.Anything = true;
+    written.NewNames = written.NewNames || run.FullPath != source;
     return step;
 }
 
@@ -158,11 +164,15 @@ void RunPcCommand(int index, const std::vector<PcFile>& files) {
     }
     const Command command = CommandOf(index);
     if (command == nullptr || files.empty()) return;
-    bool made = false;
+    Written written;
+    const bool many = files.size() > 1;
     for (const PcFile& file : files) {
-        if (RunOnFile(command, FileRunOf(file.Folder, file.Name), made) == RunStep::End) break;
+        FileRun run = FileRunOf(file.Folder, file.Name);
+        run.OneOfMany = many;
+        if (RunOnFile(command, std::move(run), written) == RunStep::End) break;
     }
-    if (made) Screen.RefreshPcFiles();
+    if (written.Anything && many) FlushPcFolder(files.front().Folder);
+    if (written.NewNames) Screen.RefreshPcFiles();
 }
 
 }  // namespace brindlemoor

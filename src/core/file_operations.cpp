@@ -38,6 +38,20 @@ void FlushNames(const std::string& folder) {
     close(handle);
 }
 
+#ifdef __linux__
+std::error_code FlushWholeDisk(const std::string& folder) {
+    const int handle = open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY);
+    if (handle < 0) {
+        sync();  // a folder that may be written but not read: all disks, then
+        return {};
+    }
+    std::error_code error;
+    if (syncfs(handle) != 0) error = std::error_code(errno, std::generic_category());
+    close(handle);
+    return error;
+}
+#endif
+
 #else
 
 std::FILE* OpenPrivateFile(const std::string& path) {
@@ -72,6 +86,9 @@ FileOperationTable SystemFileOperations() {
         return error;
     };
     table.FlushFolder = FlushNames;
+#ifdef __linux__
+    table.FlushFileSystem = FlushWholeDisk;
+#endif
     table.Remove = [](const std::string& path) {
         std::error_code ignored;
         fs::remove(path, ignored);

@@ -24,6 +24,9 @@ struct FileOperationTable {
     std::function<std::error_code(const std::string& from, const std::string& to)> Rename;
     /// Has the disk keep a folder's new names; a system that cannot do so does nothing.
     std::function<void(const std::string& folder)> FlushFolder;
+    /// Returns when all that was written to the disk of `folder` is on it; null where the system
+    /// has no such thing.
+    std::function<std::error_code(const std::string& folder)> FlushFileSystem;
     std::function<void(const std::string& path)> Remove;
 };
 

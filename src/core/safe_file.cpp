@@ -61,10 +61,17 @@ std::FILE* OpenNewFileBeside(const fs::path& path, fs::path& name) {
     return nullptr;
 }
 
+/// Where the system cannot flush many files together, each is flushed by itself; so is one behind
+/// a link, which may lie on another disk.
+bool IsFlushedAlone(Flush flush, bool isLink) {
+    return flush == Flush::ToDisk ||
+           (flush == Flush::WithOthers && (isLink || !FileOperations.FlushFileSystem));
+}
+
 /// Writes and closes the file. False with `errno` set where something failed.
-bool WriteAndClose(std::FILE* file, const std::string& bytes, Flush flush) {
+bool WriteAndClose(std::FILE* file, const std::string& bytes, bool flush) {
     bool written = FileOperations.Write(file, bytes);
-    if (flush == Flush::ToDisk) written = written && FileOperations.FlushToDisk(file);
+    if (flush) written = written && FileOperations.FlushToDisk(file);
     const int reason = errno;
     const bool closed = FileOperations.Close(file);
     if (!written) errno = reason;
@@ -87,16 +94,23 @@ std::error_code ReplaceFile(const std::string& path, const std::string& bytes, F
     if (fs::is_regular_file(old)) {
         error = FileOperations.SetPermissions(name.string(), old.permissions());
     }
+    const bool alone = IsFlushedAlone(flush, target != path);
+    const bool flushBytes = alone || (flush == Flush::WithOthers && fs::exists(old));
     errno = 0;
-    const bool written = WriteAndClose(file, bytes, flush);
+    const bool written = WriteAndClose(file, bytes, flushBytes);
     if (!error && !written) error = LastFileError();
     if (!error) error = FileOperations.Rename(name.string(), target.string());
     if (error) {
         FileOperations.Remove(name.string());
-    } else if (flush == Flush::ToDisk) {
+    } else if (alone) {
         FileOperations.FlushFolder(target.parent_path().string());
     }
     return error;
+}
+
+std::error_code FlushFiles(const std::string& folder) {
+    return FileOperations.FlushFileSystem ? FileOperations.FlushFileSystem(folder)
+                                          : std::error_code();
 }
 
 }  // namespace brindlemoor

@@ -106,9 +106,17 @@ void ShowFileError(const std::error_code& error) {
 bool LoadPcFile(const std::string& mode, std::string& path, std::string& data, int options) {
     ReplaceForbiddenCharacters(path);
     if (mode == "A") return ReadPcFile(path, data);
+    const std::string asked = path;
     if (!AskBeforeWriting(path, options)) return false;
-    const std::error_code error = ReplaceFile(path, data, Flush::ToDisk);
+    // Another path that the user typed may lead to another disk.
+    const bool withOthers = (options & kFlushWithOthers) != 0 && path == asked;
+    const std::error_code error =
+        ReplaceFile(path, data, withOthers ? Flush::WithOthers : Flush::ToDisk);
     return !error || ShowSystemError(error);
+}
+
+void FlushPcFolder(const std::string& folder) {
+    if (const std::error_code error = FlushFiles(folder)) ShowFileError(error);
 }
 
 bool WritePcFile(std::string& path, std::string& data, int options) {

@@ -18,6 +18,9 @@ inline constexpr long long kVirtualDriveBytes = 161280;
 /// Bits of the `options` of `LoadPcFile`.
 inline constexpr int kSkipCreateQuestion = 1;
 inline constexpr int kSkipOverwriteQuestion = 2;
+/// One of many files that are written into a folder: its flush is left to `FlushPcFolder` as far as
+/// no old file is in danger.
+inline constexpr int kFlushWithOthers = 4;
 
 /// The last answer to the question for a virtual drive; empty stands for the OS-9 part.
 extern std::string VhdReply;
@@ -44,6 +47,10 @@ void ShowFileError(const std::error_code& error);
 /// A failure shows "Error!!! ", its number and the system's text. Returns true when the bytes were
 /// read or written; otherwise `data` holds what was read until then.
 bool LoadPcFile(const std::string& mode, std::string& path, std::string& data, int options);
+
+/// Has the disk keep all files that were written into `folder` with `kFlushWithOthers`. Shows the
+/// error of a failure.
+void FlushPcFolder(const std::string& folder);
 
 /// `LoadPcFile` with the mode "G".
 bool WritePcFile(std::string& path, std::string& data, int options);

@@ -11,6 +11,7 @@
 #include "support/decb_builder.h"
 #include "support/disk_fixture.h"
 #include "support/dragon_builder.h"
+#include "support/faulty_files.h"
 
 namespace brindlemoor::test {
 namespace {
@@ -104,6 +105,40 @@ TEST_F(DiskCommandsTest, ATargetThatIsAFolderReadOnlyOrGoneIsToldAndStays) {
               (Texts{"Error!!! 21 Is a directory", "Error!!! 13 Permission denied",
                      "Error!!! 2 No such file or directory"}));
     EXPECT_EQ(PcFiles(), Texts{"DATA.DAT"});
+}
+
+TEST_F(DiskCommandsTest, ManyCopiesAreFlushedTogetherBehindTheLastAndOneByItself) {
+    const FileOperationsKept kept;
+    Texts flushed;
+    FileOperations = Watching([&flushed](FileStep step) {
+        if (step == FileStep::FlushToDisk) flushed.emplace_back("a file");
+    });
+    FileOperations.FlushFileSystem = [&](const std::string& folder) {
+        flushed.push_back(folder + " with " + std::to_string(PcFiles().size()));
+        return std::error_code();
+    };
+    SelectRows({0, 2});
+    RunDisk(6);
+    EXPECT_EQ(flushed, Texts{PcFolder + " with 2"});
+    flushed.clear();
+    SelectRows({1});
+    RunDisk(6);
+    EXPECT_EQ(flushed, Texts{"a file"});
+}
+
+TEST_F(DiskCommandsTest, CopiesThatAreDoneAreFlushedAlsoWhenTheRunIsGivenUp) {
+    const FileOperationsKept kept;
+    int flushed = 0;
+    FileOperations.FlushFileSystem = [&flushed](const std::string&) {
+        ++flushed;
+        return std::error_code();
+    };
+    WriteTestFile(PcFolder, "TEXT.BAS", "old");
+    SelectRows({0, 1, 2});
+    script_.Texts = {""};
+    RunDisk(6);
+    EXPECT_EQ(PcFiles(), (Texts{"TEXT.BAS", "TOKENS.BAS"}));
+    EXPECT_EQ(flushed, 1);
 }
 
 // Deleting

@@ -12,6 +12,7 @@
 #include "support/command_fixture.h"
 #include "support/decb_builder.h"
 #include "support/disk_fixture.h"
+#include "support/faulty_files.h"
 #include "workbench/pc_pane.h"
 #include "workbench/principal.h"
 
@@ -215,6 +216,27 @@ TEST_F(PcCommandsTest, CancelAtAnErrorInTheTokensEndsTheRunAndOkGoesOn) {
             EXPECT_EQ(PcFile("C.BAS") == CocoTokens(), cancel);
         }
     }
+}
+
+TEST_F(PcCommandsTest, OfManyFilesTheBytesAreFlushedOneByOneTheirNamesTogether) {
+    const FileOperationsKept kept;
+    Texts flushed;
+    FileOperations = Watching([&flushed](FileStep step) {
+        if (step == FileStep::FlushToDisk) flushed.emplace_back("bytes");
+        if (step == FileStep::FlushFolder) flushed.emplace_back("names");
+    });
+    FileOperations.FlushFileSystem = [&flushed](const std::string& folder) {
+        flushed.push_back(folder);
+        return std::error_code();
+    };
+    SelectFiles({{"A.BAS", CocoTokens()}, {"B.BAS", CocoTokens()}});
+    RunPc(20);
+    EXPECT_EQ(PcFile("B.BAS"), TokensAsText());
+    EXPECT_EQ(flushed, (Texts{"bytes", "bytes", PcFolder}));
+    flushed.clear();
+    SelectFiles({{"A.BAS", CocoTokens()}});
+    RunPc(20);
+    EXPECT_EQ(flushed, (Texts{"bytes", "names"}));
 }
 
 TEST_F(PcCommandsTest, AConversionThatFailsIsToldAndStoresNothing) {

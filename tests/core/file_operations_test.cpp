@@ -52,6 +52,67 @@ TEST_F(FileFaultTest, TheStepsComeInTheOrderThatKeepsTheOldBytes) {
     EXPECT_EQ(FileBytes(path_), new_);
 }
 
+using Steps = std::vector<FileStep>;
+
+TEST_F(FileFaultTest, ManyNewFilesAreFlushedTogether) {
+    Steps steps;
+    FileOperations = Watching([&steps](FileStep step) { steps.push_back(step); });
+    std::vector<std::string> flushed;
+    FileOperations.FlushFileSystem = [&flushed](const std::string& folder) {
+        flushed.push_back(folder);
+        return std::error_code();
+    };
+    EXPECT_FALSE(ReplaceFile(folder_ + "/a", new_, Flush::WithOthers));
+    EXPECT_EQ(steps,
+              (Steps{FileStep::OpenNew, FileStep::Write, FileStep::Close, FileStep::Rename}));
+    EXPECT_EQ(FileBytes(folder_ + "/a"), new_);
+    EXPECT_TRUE(flushed.empty());
+    EXPECT_FALSE(FlushFiles(folder_));
+    EXPECT_EQ(flushed, std::vector<std::string>{folder_});
+}
+
+TEST_F(FileFaultTest, AmongManyTheBytesForAnOldFilesPlaceAreFlushedBeforeTheRename) {
+    Steps steps;
+    FileOperations = Watching([&steps](FileStep step) { steps.push_back(step); });
+    EXPECT_FALSE(ReplaceFile(path_, new_, Flush::WithOthers));
+    EXPECT_EQ(steps, (Steps{FileStep::OpenNew, FileStep::SetPermissions, FileStep::Write,
+                            FileStep::FlushToDisk, FileStep::Close, FileStep::Rename}));
+}
+
+TEST_F(FileFaultTest, WhereManyCannotBeFlushedTogetherEachIsFlushedByItself) {
+    Steps steps;
+    FileOperations = Watching([&steps](FileStep step) { steps.push_back(step); });
+    FileOperations.FlushFileSystem = nullptr;
+    EXPECT_FALSE(ReplaceFile(path_, new_, Flush::WithOthers));
+    EXPECT_EQ(steps, Steps(std::begin(kAllFileSteps), std::end(kAllFileSteps)));
+    steps.clear();
+    EXPECT_FALSE(ReplaceFile(folder_ + "/a", new_, Flush::WithOthers));
+    EXPECT_EQ(steps, (Steps{FileStep::OpenNew, FileStep::Write, FileStep::FlushToDisk,
+                            FileStep::Close, FileStep::Rename, FileStep::FlushFolder}));
+    EXPECT_FALSE(FlushFiles(folder_));
+}
+
+TEST_F(FileFaultTest, AFileBehindALinkIsFlushedByItselfSinceItMayLieOnAnotherDisk) {
+    fs::create_symlink(folder_ + "/elsewhere", folder_ + "/link");
+    Steps steps;
+    FileOperations = Watching([&steps](FileStep step) { steps.push_back(step); });
+    EXPECT_FALSE(ReplaceFile(folder_ + "/link", new_, Flush::WithOthers));
+    EXPECT_EQ(steps, (Steps{FileStep::OpenNew, FileStep::Write, FileStep::FlushToDisk,
+                            FileStep::Close, FileStep::Rename, FileStep::FlushFolder}));
+    EXPECT_EQ(FileBytes(folder_ + "/elsewhere"), new_);
+}
+
+TEST_F(FileFaultTest, TheErrorOfFlushingManyComesBackAndAFolderThatIsGoneIsNone) {
+    FileOperations.FlushFileSystem = [](const std::string&) {
+        return std::make_error_code(std::errc::io_error);
+    };
+    EXPECT_EQ(FlushFiles(folder_), std::errc::io_error);
+    FileOperations = SystemFileOperations();
+    EXPECT_FALSE(FlushFiles(folder_));
+    EXPECT_FALSE(FlushFiles(""));
+    EXPECT_FALSE(FlushFiles(folder_ + "/gone"));
+}
+
 /// Replaces the file in a process of its own that is gone, without a farewell, at that step.
 void ReplaceAndDie(const std::string& path, const std::string& bytes, FileStep last) {
     const pid_t child = fork();

@@ -42,6 +42,7 @@ class Checker:
         self.tests = names_in(root / "tests", r"\bTEST(?:_F|_P)?\(\s*(\w+),\s*(\w+)\)", "{}.{}")
         self.benchmarks = names_in(root / "benchmarks", r"\bBENCHMARK(?:_CAPTURE)?\(\s*(\w+)", "{}")
         self.benchmarks |= names_in(root / "benchmarks", r'RegisterBenchmark\(\s*"([^"]+)"', "{}")
+        self.benchmarks |= names_in(root / "benchmarks", r'RegisterJob\(\s*\{"(\w+)/', "{}")
 
     def fault(self, path, number, what):
         self.faults.append(f"{path.relative_to(self.root)}:{number}: {what}")

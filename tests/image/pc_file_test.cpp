@@ -10,6 +10,7 @@
 #include "core/disk_state.h"
 #include "support/decb_builder.h"
 #include "support/disk_fixture.h"
+#include "support/faulty_files.h"
 #include "support/file_size_limit.h"
 
 namespace brindlemoor::test {
@@ -259,6 +260,30 @@ TEST_F(PcFileTest, AWriteThatFailsHalfWayLeavesTheOldFileAndNoOther) {
     EXPECT_EQ(Shown(), std::vector<std::string>{"Error!!! 27 File too large"});
     EXPECT_EQ(FileBytes(path), "old");
     EXPECT_EQ(FilesInFolder(), std::vector<std::string>{"a.dsk"});
+}
+
+TEST_F(PcFileTest, OneOfManyFilesIsFlushedByItselfOnlyUnderAnotherNameThatTheUserGave) {
+    const FileOperationsKept kept;
+    int flushed = 0;
+    FileOperations =
+        Watching([&flushed](FileStep step) { flushed += step == FileStep::FlushFolder ? 1 : 0; });
+    std::string path = folder_ + "/a.dsk";
+    data_ = "new";
+    EXPECT_TRUE(WritePcFile(path, data_, kSkipCreateQuestion | kFlushWithOthers));
+    EXPECT_EQ(flushed, 0);
+    script_.Texts = {folder_ + "/b.dsk"};
+    EXPECT_TRUE(WritePcFile(path, data_, kSkipCreateQuestion | kFlushWithOthers));
+    EXPECT_EQ(flushed, 1);
+    EXPECT_EQ(FileBytes(folder_ + "/b.dsk"), "new");
+}
+
+TEST_F(PcFileTest, AFlushOfManyFilesThatFailsIsTold) {
+    const FileOperationsKept kept;
+    FileOperations.FlushFileSystem = [](const std::string&) {
+        return std::make_error_code(std::errc::no_space_on_device);
+    };
+    FlushPcFolder(folder_);
+    EXPECT_EQ(Shown(), std::vector<std::string>{"Error!!! 28 No space left on device"});
 }
 
 TEST_F(PcFileTest, AnEmptyPathShowsTheErrorAndWritesNothing) {
