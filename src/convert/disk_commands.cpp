@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdint>
 #include <string>
-#include <utility>
 
 #include "convert/cas.h"
 #include "convert/conversion.h"
@@ -31,7 +30,7 @@ RunStep ViewDiskFile(FileRun& run) {
 RunStep CopyToPc(FileRun& run) {
     std::string path = run.FullPath;
     std::string bytes = Disk.PcFileBytes;
-    LoadPcFile("G", path, bytes, kSkipCreateQuestion | FlushOption(run));
+    run.Written = LoadPcFile("G", path, bytes, kSkipCreateQuestion | FlushOption(run));
     return path.empty() ? RunStep::End : RunStep::GoOn;
 }
 
@@ -114,7 +113,7 @@ bool IsDeleted(int row) {
     return (DirTable[row].Flags & kFlagDeleted) != 0;
 }
 
-RunStep RunOnRow(Command command, FileRun run) {
+RunStep RunOnRow(Command command, FileRun& run) {
     Disk.DirCount = run.Row;
     Disk.PcFileBytes = DirTable[run.Row].Content;
     const RunStep step = command(run);
@@ -135,12 +134,16 @@ void RunDiskCommand(int index, const std::vector<int>& rows) {
         runs.push_back(FileRunOf(folder, TrimRight(DirTable[row].FullName), row));
     }
     const bool many = runs.size() > 1;
-    for (FileRun& run : runs) {
-        if (IsDeleted(run.Row)) continue;
-        run.OneOfMany = many;
-        if (RunOnRow(command, std::move(run)) == RunStep::End) break;
-    }
-    if (many && index == kSaveCommand) FlushPcFolder(folder);
+    bool written = false;
+    RunAndFlush(folder, written, [&] {
+        for (FileRun& run : runs) {
+            if (IsDeleted(run.Row)) continue;
+            run.OneOfMany = many;
+            const RunStep step = RunOnRow(command, run);
+            written = written || (many && run.Written);
+            if (step == RunStep::End) break;
+        }
+    });
     Screen.RefreshPcFiles();
 }
 

@@ -42,10 +42,17 @@ int FlushOption(const FileRun& run) {
     return run.OneOfMany ? kFlushWithOthers : 0;
 }
 
-void StoreOnPc(const FileRun& run) {
+void StoreOnPc(FileRun& run) {
     std::string target = run.FullPath;
     std::string bytes = run.Result;
-    LoadPcFile("G", target, bytes, kSkipCreateQuestion | kSkipOverwriteQuestion | FlushOption(run));
+    const int options = kSkipCreateQuestion | kSkipOverwriteQuestion | FlushOption(run);
+    run.Written = LoadPcFile("G", target, bytes, options);
+}
+
+void RunAndFlush(const std::string& folder, const bool& written, const std::function<void()>& run) {
+    const auto failure = FailureOfStep(run);
+    if (written) FlushPcFolder(folder);
+    if (failure) throw RuntimeFailure(*failure);
 }
 
 }  // namespace brindlemoor

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace brindlemoor {
@@ -24,6 +25,7 @@ struct FileRun {
     std::string BaseName;    ///< of `FileName`, in front of its first dot
     int Row = -1;            ///< of `DirTable`; -1 for a file of the PC
     bool OneOfMany = false;  ///< what it writes on the PC is flushed with the others of the run
+    bool Written = false;    ///< it has written a file on the PC
 
     std::string Result;    ///< what a conversion made of the file
     bool Changed = false;  ///< `Result` is to be stored
@@ -60,6 +62,10 @@ int FlushOption(const FileRun& run);
 
 /// Writes the run's `Result` as its `FullPath` on the PC, over what stands there. Shows the error
 /// of a writing that failed.
-void StoreOnPc(const FileRun& run);
+void StoreOnPc(FileRun& run);
+
+/// Runs `run` over many files, and has the disk keep what it wrote into `folder` of the PC: also
+/// where a failure ends it, which goes on from here. `written` is looked at behind the run.
+void RunAndFlush(const std::string& folder, const bool& written, const std::function<void()>& run);
 
 }  // namespace brindlemoor

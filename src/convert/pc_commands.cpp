@@ -131,11 +131,11 @@ void TellThatOnlyAPartWasRead(const std::string& path) {
 
 /// What a run has written into the folder.
 struct Written {
-    bool Anything = false;
+    bool OfMany = false;    ///< files that are flushed together
     bool NewNames = false;  ///< a file that was not there before may have come to be
 };
 
-RunStep RunOnFile(Command command, FileRun run, Written& written) {
+RunStep RunOnFile(Command command, FileRun& run, Written& written) {
     const std::string source = run.FullPath;
     std::string path = source;
     std::string bytes;
@@ -149,7 +149,7 @@ RunStep RunOnFile(Command command, FileRun run, Written& written) {
         return step;
     }
     StoreOnPc(run);
-    written.Anything = true;
+    written.OfMany = written.OfMany || (run.OneOfMany && run.Written);
     written.NewNames = written.NewNames || run.FullPath != source;
     return step;
 }
@@ -166,12 +166,13 @@ void RunPcCommand(int index, const std::vector<PcFile>& files) {
     if (command == nullptr || files.empty()) return;
     Written written;
     const bool many = files.size() > 1;
-    for (const PcFile& file : files) {
-        FileRun run = FileRunOf(file.Folder, file.Name);
-        run.OneOfMany = many;
-        if (RunOnFile(command, std::move(run), written) == RunStep::End) break;
-    }
-    if (written.Anything && many) FlushPcFolder(files.front().Folder);
+    RunAndFlush(files.front().Folder, written.OfMany, [&] {
+        for (const PcFile& file : files) {
+            FileRun run = FileRunOf(file.Folder, file.Name);
+            run.OneOfMany = many;
+            if (RunOnFile(command, run, written) == RunStep::End) break;
+        }
+    });
     if (written.NewNames) Screen.RefreshPcFiles();
 }
 

@@ -95,7 +95,8 @@ std::error_code ReplaceFile(const std::string& path, const std::string& bytes, F
         error = FileOperations.SetPermissions(name.string(), old.permissions());
     }
     const bool alone = IsFlushedAlone(flush, target != path);
-    const bool flushBytes = alone || (flush == Flush::WithOthers && fs::exists(old));
+    const bool mayBeThere = old.type() != fs::file_type::not_found;
+    const bool flushBytes = alone || (flush == Flush::WithOthers && mayBeThere);
     errno = 0;
     const bool written = WriteAndClose(file, bytes, flushBytes);
     if (!error && !written) error = LastFileError();

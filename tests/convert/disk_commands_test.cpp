@@ -7,6 +7,8 @@
 #include "convert/file_commands.h"
 #include "convert/tape_fixture.h"
 #include "core/disk_state.h"
+#include "core/platform.h"
+#include "core/runtime_failure.h"
 #include "support/command_fixture.h"
 #include "support/decb_builder.h"
 #include "support/disk_fixture.h"
@@ -139,6 +141,33 @@ TEST_F(DiskCommandsTest, CopiesThatAreDoneAreFlushedAlsoWhenTheRunIsGivenUp) {
     RunDisk(6);
     EXPECT_EQ(PcFiles(), (Texts{"TEXT.BAS", "TOKENS.BAS"}));
     EXPECT_EQ(flushed, 1);
+}
+
+TEST_F(DiskCommandsTest, CopiesThatAreDoneAreFlushedAlsoWhenAFailureEndsTheRun) {
+    const FileOperationsKept kept;
+    int flushed = 0;
+    FileOperations.FlushFileSystem = [&flushed](const std::string&) {
+        ++flushed;
+        return std::error_code();
+    };
+    WriteTestFile(PcFolder, "TEXT.BAS", "old");
+    Platform.AskText = [](auto&&...) -> std::string { Fail(kOutOfMemory); };
+    SelectRows({0, 1, 2});
+    EXPECT_THROW(RunDisk(6), RuntimeFailure);
+    EXPECT_EQ(PcFiles(), (Texts{"TEXT.BAS", "TOKENS.BAS"}));
+    EXPECT_EQ(flushed, 1);
+}
+
+TEST_F(DiskCommandsTest, WhereNothingWasWrittenNothingIsFlushedNorToldOfIt) {
+    const FileOperationsKept kept;
+    FileOperations.FlushFileSystem = [](const std::string&) {
+        return std::make_error_code(std::errc::io_error);
+    };
+    fs::rename(PcFolder, PcFolder + "2");
+    SelectRows({0, 2});
+    RunDisk(6);
+    fs::rename(PcFolder + "2", PcFolder);
+    EXPECT_EQ(MessageTexts(script_), Texts(2, "Error!!! 2 No such file or directory"));
 }
 
 // Deleting

@@ -239,6 +239,22 @@ TEST_F(PcCommandsTest, OfManyFilesTheBytesAreFlushedOneByOneTheirNamesTogether) 
     EXPECT_EQ(flushed, (Texts{"bytes", "names"}));
 }
 
+TEST_F(PcCommandsTest, FilesThatAreDoneAreFlushedAlsoWhenAFailureEndsTheRun) {
+    const FileOperationsKept kept;
+    int flushed = 0;
+    FileOperations.FlushFileSystem = [&flushed](const std::string&) {
+        ++flushed;
+        return std::error_code();
+    };
+    std::string wrong = CocoTokens();
+    wrong[7] = '\xFE';
+    SelectFiles({{"A.BAS", CocoTokens()}, {"B.BAS", wrong}});
+    Platform.ShowMessage = [](auto&&...) -> Answer { throw std::bad_alloc(); };
+    EXPECT_ANY_THROW(RunPc(20));
+    EXPECT_EQ(PcFile("A.BAS"), TokensAsText());
+    EXPECT_EQ(flushed, 1);
+}
+
 TEST_F(PcCommandsTest, AConversionThatFailsIsToldAndStoresNothing) {
     const std::string negative = "\xFF\xFF\xFFrest";
     SelectFiles({{"A.BAS", negative}, {"B.BAS", CocoTokens()}});
