@@ -18,19 +18,6 @@ namespace {
 
 using View = std::shared_ptr<GridView>;
 
-void ClickRow(const View& view, const QModelIndex& index) {
-    const int row = view->Model->RowNumber(index.row());
-    if (row < 1) return;
-    const std::vector<bool> selected = SelectedRows(*view);
-    UserAction([&] {
-        Grid& grid = *view->Record;
-        grid.SelectedRow = row;
-        grid.RowSelected = selected;
-        if (grid.RowClick) grid.RowClick(row);
-        Raise(RecordOf(view->Place).Click);
-    });
-}
-
 /// Tells of the press of a button that was noted last.
 void ReportPress(GridView& view) {
     const int button = view.PressedButton;
@@ -61,7 +48,7 @@ void NotePress(GridView& view, const QMouseEvent& mouse) {
 void RequestEdit(const View& view, const QModelIndex& index, int key) {
     const int row = view->Model->RowNumber(index.row());
     if (row < 1 || !view->Record->EditRequest) return;
-    if (view->Record->SelectedRow != row) ClickRow(view, index);
+    if (view->Record->SelectedRow != row) ClickRow(*view, index);
     view->Widget->scrollTo(index);
     UserAction([&] { view->Record->EditRequest(row, index.column() + 1, key); });
 }
@@ -159,15 +146,23 @@ bool OnHeaderEvent(GridView& view, QEvent* event) {
     return false;
 }
 
+/// Escape, and F3 when it comes for the third time, give up what was not saved. A key that is held
+/// too long must not, nor one that is still held after it closed an editor or a window.
+bool MayGiveUpChanges(const QKeyEvent& key) {
+    return key.key() == Qt::Key_Escape || key.key() == Qt::Key_F3;
+}
+
 bool OnGridEvent(const View& shared, QEvent* event) {
     GridView& view = *shared;
     if (event->type() == QEvent::FocusIn) SetMovesByKey(view, false);
     if (event->type() != QEvent::KeyPress) return false;
     if (view.Record->Edited.Row != 0) return true;  // keys that its editor has no use for
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (key.isAutoRepeat() && MayGiveUpChanges(key)) return true;
     SetMovesByKey(view, true);
-    if (OnEditKey(shared, *static_cast<QKeyEvent*>(event))) return true;
-    if (OnGridKey(shared, *static_cast<QKeyEvent*>(event))) return true;
-    const int code = KeyCodeOf(*static_cast<QKeyEvent*>(event));
+    if (OnEditKey(shared, key)) return true;
+    if (OnGridKey(shared, key)) return true;
+    const int code = KeyCodeOf(key);
     if (code == 0 || !view.Record->Key) return false;
     bool dropped = false;
     UserAction([&] { dropped = view.Record->Key(code); });
@@ -209,7 +204,7 @@ void ConnectGridEvents(const View& view) {
     HookEvents(table->viewport(), [view](QEvent* event) { return OnCellsEvent(*view, event); });
     ConnectHeader(view);
     QObject::connect(table, &QTableView::pressed, table, [view](const QModelIndex& index) {
-        ClickRow(view, index);
+        ClickRow(*view, index);
         ReportPress(*view);
     });
     QObject::connect(table, &QTableView::doubleClicked, table, [view](const QModelIndex& index) {
@@ -223,7 +218,7 @@ void ConnectGridEvents(const View& view) {
     // A grid that gets the focus also goes to a row by itself: only keys make that a click.
     QObject::connect(selection, &QItemSelectionModel::currentRowChanged, table,
                      [view](const QModelIndex& index) {
-                         if (view->MovesByKey && !IsRefreshing()) ClickRow(view, index);
+                         if (view->MovesByKey && !IsRefreshing()) ClickRow(*view, index);
                      });
     QObject::connect(selection, &QItemSelectionModel::currentColumnChanged, table,
                      [view](const QModelIndex& index) {

@@ -27,10 +27,16 @@ void PressRightButton(const GridView& view) {
     UserActionAt(BelowCell(view), [&view] { Raise(RecordOf(view.Place).RightClick); });
 }
 
-/// The record looks for the cell under the place that it is told.
+/// The record looks for the cell under the place that it is told. Its row is clicked first, as the
+/// mouse does: a grid that has just got the focus goes to a cell without telling the record.
 void PressLeftButton(const GridView& view) {
     const QModelIndex index = view.Widget->currentIndex();
     if (!index.isValid() || !view.Record->MouseDown) return;
+    if (view.Record->SelectedRow != view.Model->RowNumber(index.row())) {
+        view.Widget->selectionModel()->select(
+            index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        ClickRow(view, index);
+    }
     view.Widget->scrollTo(index);
     const QPoint place = view.Widget->visualRect(index).center();
     UserActionAt(BelowCell(view),

@@ -2,6 +2,8 @@
 
 #include <QItemSelectionModel>
 
+#include "platform/qt/shell.h"
+
 namespace brindlemoor {
 
 std::vector<bool> SelectedRows(const GridView& view) {
@@ -13,6 +15,19 @@ std::vector<bool> SelectedRows(const GridView& view) {
         }
     }
     return selected;
+}
+
+void ClickRow(const GridView& view, const QModelIndex& index) {
+    const int row = view.Model->RowNumber(index.row());
+    if (row < 1) return;
+    const std::vector<bool> selected = SelectedRows(view);
+    UserAction([&] {
+        Grid& grid = *view.Record;
+        grid.SelectedRow = row;
+        grid.RowSelected = selected;
+        if (grid.RowClick) grid.RowClick(row);
+        Raise(RecordOf(view.Place).Click);
+    });
 }
 
 }  // namespace brindlemoor

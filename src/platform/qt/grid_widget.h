@@ -34,4 +34,7 @@ struct GridView {
 /// The rows that are selected in the widget, by the record's numbers less one.
 std::vector<bool> SelectedRows(const GridView& view);
 
+/// Tells the record that the user went to the row of that cell, with what is selected now.
+void ClickRow(const GridView& view, const QModelIndex& index);
+
 }  // namespace brindlemoor

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -41,6 +42,13 @@ class GridKeysTest : public KeyboardTest {
     }
 
     QHeaderView* Header() const { return Directory()->horizontalHeader(); }
+
+    /// The key is held down so long that the system sends it again.
+    void Repeat(Qt::Key key) const {
+        QKeyEvent again(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+        QApplication::sendEvent(Directory(), &again);
+        QTest::qWait(20);
+    }
 
     /// Where a popup that the key brings up stands, on the screen.
     QPoint PlaceOfPopup(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) const {
@@ -166,6 +174,42 @@ TEST_F(GridKeysTest, WithShiftTheyMakeItNarrowerAndWider) {
     for (int step = 0; step < 100; ++step) Key(Qt::Key_Left, Qt::AltModifier | Qt::ShiftModifier);
     EXPECT_EQ(Header()->sectionSize(1), Header()->minimumSectionSize());
     EXPECT_TRUE(Header()->sectionSize(1) > 0);
+}
+
+TEST_F(GridKeysTest, AKeyHeldDownSortsOnceAndUndoesNothing) {
+    WriteTestFile(PcFolder, "SMALL.DSK", SmallDisk());
+    EndProgram();
+    StartProgram();
+    GoToFile("SMALL.DSK");
+    GoToCell(0, 0);
+    Key(Qt::Key_F3);
+    for (int repeat = 0; repeat < 4; ++repeat) Repeat(Qt::Key_F3);
+    ASSERT_EQ(ListDirec.SortColumns.size(), 1U);
+    EXPECT_EQ(ListDirec.SortColumns[0].Order, 1);
+    const std::string sorted = Disk.ImageBytes;
+    ASSERT_TRUE(sorted != Disk.ImageOnOpen);
+    Repeat(Qt::Key_Escape);
+    EXPECT_TRUE(Disk.ImageBytes == sorted);
+    Key(Qt::Key_Escape);
+    EXPECT_TRUE(Disk.ImageBytes == Disk.ImageOnOpen);
+}
+
+TEST_F(GridKeysTest, AltAndDownAreForTheRowWithTheCellAlsoWhenNoKeyWentThere) {
+    GoToCell(0, 2);
+    Key(Qt::Key_Left, Qt::AltModifier);
+    Key(Qt::Key_Left, Qt::AltModifier);
+    EndProgram();
+    StartProgram();
+    GoToFile("COCO.DSK");
+    GoTo(Directory());
+    ASSERT_EQ(Directory()->currentIndex().column(), 2);
+    const WhenOpen popup(Box::Menu, [](QWidget* menu) {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return IsFirstMarked(menu); }));
+        QTest::keyClick(menu, Qt::Key_Return);
+    });
+    Key(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(DirTable[0].FileType, 0);
+    EXPECT_EQ(ListDirec.SelectedRow, 1);
 }
 
 TEST_F(GridKeysTest, AnEmptyGridTakesTheKeysAndDoesNothing) {
