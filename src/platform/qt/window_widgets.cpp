@@ -223,7 +223,8 @@ void LabelComboBox(ControlWidget& control, QComboBox* box, const QString& name) 
         control.SpokenLabel->setBuddy(box);
         control.SpokenLabel->hide();
     }
-    control.SpokenLabel->setText(name);
+    QString text = name;  // an "&" of the name would mark a key
+    control.SpokenLabel->setText(text.replace(QLatin1Char('&'), QLatin1String("&&")));
     control.SpokenLabel->adjustSize();
     if (box->isEditable()) box->lineEdit()->setAccessibleName(name);
 }

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "keyboard_fixture.h"
+#include "platform/qt/shell.h"
 #include "user_actions.h"
 #include "workbench/principal.h"
 
@@ -75,6 +76,14 @@ TEST_F(NamesTest, NamesFollowTheLanguage) {
     EXPECT_EQ(NameOf(Find<QComboBox>("DirPattern")->lineEdit()), "Tipo");
     Speak(0);
     EXPECT_EQ(NameOf(Files()), "Files of the PC");
+}
+
+TEST_F(NamesTest, AnAmpersandInANameIsSaidAndMarksNoKey) {
+    UserAction([] { PrincipalControl("Zoom").AccessibleName = "Size & Zoom"; });
+    EXPECT_EQ(NameOf(Find<QComboBox>("Zoom")), "Size & Zoom");
+    GoTo(Files());
+    Key(Qt::Key_Space, Qt::AltModifier);
+    EXPECT_EQ(Window_.Widget->focusWidget(), Files());
 }
 
 TEST_F(NamesTest, TheEditorOfACellIsNamedAfterItsColumn) {
