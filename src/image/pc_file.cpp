@@ -116,7 +116,10 @@ bool LoadPcFile(const std::string& mode, std::string& path, std::string& data, i
 }
 
 void FlushPcFolder(const std::string& folder) {
-    if (const std::error_code error = FlushFiles(folder)) ShowFileError(error);
+    Platform.ShowBusy(true);  // a slow disk, and one that others write to, takes its time
+    const std::error_code error = FlushFiles(folder);
+    Platform.ShowBusy(false);
+    if (error) ShowFileError(error);
 }
 
 bool WritePcFile(std::string& path, std::string& data, int options) {

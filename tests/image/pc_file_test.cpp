@@ -284,6 +284,7 @@ TEST_F(PcFileTest, AFlushOfManyFilesThatFailsIsTold) {
     };
     FlushPcFolder(folder_);
     EXPECT_EQ(Shown(), std::vector<std::string>{"Error!!! 28 No space left on device"});
+    EXPECT_EQ(script_.Busy, (std::vector<bool>{true, false}));
 }
 
 TEST_F(PcFileTest, AnEmptyPathShowsTheErrorAndWritesNothing) {
