@@ -7,6 +7,7 @@
 #include "core/byte_helpers.h"
 #include "core/settings.h"
 #include "workbench/control_design.h"
+#include "workbench/principal.h"
 
 namespace brindlemoor::test {
 namespace {
@@ -55,6 +56,26 @@ TEST_F(SpokenNameTest, CaptionsOfOtherFramesAndHiddenOrEmptyOnesDoNotCount) {
     Control framed = Field();
     framed.Container = "Frame";
     EXPECT_EQ(NameOf(framed), "Framed");
+}
+
+TEST_F(SpokenNameTest, ACellEditorIsCalledByItsColumnsLongName) {
+    Menu columns;
+    columns.Name = "columnsMenu";
+    columns.Items.resize(2);
+    columns.Items[0].Caption = "File name";
+    columns.Items[1].Caption = "Extension";
+    Control editor = Field();
+    editor.Container = "ListDirec";
+    ListDirec = Grid();
+    ListDirec.Edited.Column = 2;
+    EXPECT_EQ(NameOf(editor), "");
+    Table.Menus.push_back(columns);
+    EXPECT_EQ(NameOf(editor), "Extension");
+    ListDirec.Edited.Column = 3;
+    EXPECT_EQ(NameOf(editor), "");
+    ListDirec.Edited.Column = 0;
+    EXPECT_EQ(NameOf(editor), "");
+    ListDirec = Grid();
 }
 
 TEST_F(SpokenNameTest, AControlsOwnNameComesFirst) {
