@@ -150,8 +150,8 @@ void ScrollFiles(benchmark::State& state) {
     ScrollByPage(state, window, window.Files());
 }
 
-/// Files, Save, of an image of which a byte has changed.
-void SaveByMenu(benchmark::State& state, Bytes disk) {
+/// Saves an image of which a byte has changed.
+void Save(benchmark::State& state, Bytes disk, void (*save)()) {
     const RealWindow window;
     const std::string bytes = disk();
     Open(window, bytes);
@@ -159,25 +159,18 @@ void SaveByMenu(benchmark::State& state, Bytes disk) {
     for (auto _ : state) {
         Disk.ImageBytes.back() = static_cast<char>(Disk.ImageBytes.back() + 1);
         UserAction(RefreshModified);
-        turns.Add(window.SecondsUntilPainted(
-            [] { UserAction([] { MenuOf(Principal, "FilesMenu").Click(kSaveItem); }); }));
+        turns.Add(window.SecondsUntilPainted([save] { UserAction(save); }));
     }
     turns.SetSize(bytes.size(), WriteSeconds(bytes, window.Folder()));
 }
 
-/// The button, which writes directory, table and files anew first.
+void SaveByMenu(benchmark::State& state, Bytes disk) {
+    Save(state, disk, [] { MenuOf(Principal, "FilesMenu").Click(kSaveItem); });
+}
+
+/// The button writes directory, table and files anew first.
 void SaveByButton(benchmark::State& state, Bytes disk) {
-    const RealWindow window;
-    const std::string bytes = disk();
-    Open(window, bytes);
-    Turns turns(state);
-    for (auto _ : state) {
-        Disk.ImageBytes.back() = static_cast<char>(Disk.ImageBytes.back() + 1);
-        UserAction(RefreshModified);
-        turns.Add(window.SecondsUntilPainted(
-            [] { UserAction([] { PrincipalControl("SaveBtn").Click(); }); }));
-    }
-    turns.SetSize(bytes.size(), WriteSeconds(bytes, window.Folder()));
+    Save(state, disk, [] { PrincipalControl("SaveBtn").Click(); });
 }
 
 std::ptrdiff_t FilesIn(const RealWindow& window, const std::string& folder) {

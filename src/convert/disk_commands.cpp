@@ -134,8 +134,7 @@ void RunDiskCommand(int index, const std::vector<int>& rows) {
         runs.push_back(FileRunOf(folder, TrimRight(DirTable[row].FullName), row));
     }
     const bool many = runs.size() > 1;
-    bool written = false;
-    RunAndFlush(folder, written, [&] {
+    RunAndFlush(folder, [&](bool& written) {
         for (FileRun& run : runs) {
             if (IsDeleted(run.Row)) continue;
             run.OneOfMany = many;

@@ -44,13 +44,13 @@ int FlushOption(const FileRun& run) {
 
 void StoreOnPc(FileRun& run) {
     std::string target = run.FullPath;
-    std::string bytes = run.Result;
     const int options = kSkipCreateQuestion | kSkipOverwriteQuestion | FlushOption(run);
-    run.Written = LoadPcFile("G", target, bytes, options);
+    run.Written = LoadPcFile("G", target, run.Result, options);
 }
 
-void RunAndFlush(const std::string& folder, const bool& written, const std::function<void()>& run) {
-    const auto failure = FailureOfStep(run);
+void RunAndFlush(const std::string& folder, const std::function<void(bool& written)>& run) {
+    bool written = false;
+    const auto failure = FailureOfStep([&] { run(written); });
     if (written) FlushPcFolder(folder);
     if (failure) throw RuntimeFailure(*failure);
 }

@@ -64,8 +64,9 @@ int FlushOption(const FileRun& run);
 /// of a writing that failed.
 void StoreOnPc(FileRun& run);
 
-/// Runs `run` over many files, and has the disk keep what it wrote into `folder` of the PC: also
-/// where a failure ends it, which goes on from here. `written` is looked at behind the run.
-void RunAndFlush(const std::string& folder, const bool& written, const std::function<void()>& run);
+/// Runs `run` over many files. Where it says in `written` that files of `folder` on the PC are to
+/// be flushed together, the disk keeps them in the end: also where a failure ends the run, which
+/// goes on from here.
+void RunAndFlush(const std::string& folder, const std::function<void(bool& written)>& run);
 
 }  // namespace brindlemoor

@@ -129,13 +129,8 @@ void TellThatOnlyAPartWasRead(const std::string& path) {
         Disk.AppTitle, Buttons::Ok, MessageIcon::Exclamation);
 }
 
-/// What a run has written into the folder.
-struct Written {
-    bool OfMany = false;    ///< files that are flushed together
-    bool NewNames = false;  ///< a file that was not there before may have come to be
-};
-
-RunStep RunOnFile(Command command, FileRun& run, Written& written) {
+/// `made` becomes true when a file that was not there before may have come to be.
+RunStep RunOnFile(Command command, FileRun& run, bool& made) {
     const std::string source = run.FullPath;
     std::string path = source;
     std::string bytes;
@@ -149,8 +144,7 @@ RunStep RunOnFile(Command command, FileRun& run, Written& written) {
         return step;
     }
     StoreOnPc(run);
-    written.OfMany = written.OfMany || (run.OneOfMany && run.Written);
-    written.NewNames = written.NewNames || run.FullPath != source;
+    made = made || run.FullPath != source;
     return step;
 }
 
@@ -164,16 +158,18 @@ void RunPcCommand(int index, const std::vector<PcFile>& files) {
     }
     const Command command = CommandOf(index);
     if (command == nullptr || files.empty()) return;
-    Written written;
+    bool made = false;
     const bool many = files.size() > 1;
-    RunAndFlush(files.front().Folder, written.OfMany, [&] {
+    RunAndFlush(files.front().Folder, [&](bool& written) {
         for (const PcFile& file : files) {
             FileRun run = FileRunOf(file.Folder, file.Name);
             run.OneOfMany = many;
-            if (RunOnFile(command, run, written) == RunStep::End) break;
+            const RunStep step = RunOnFile(command, run, made);
+            written = written || (many && run.Written);
+            if (step == RunStep::End) break;
         }
     });
-    if (written.NewNames) Screen.RefreshPcFiles();
+    if (made) Screen.RefreshPcFiles();
 }
 
 }  // namespace brindlemoor

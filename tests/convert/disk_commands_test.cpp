@@ -131,10 +131,7 @@ TEST_F(DiskCommandsTest, ManyCopiesAreFlushedTogetherBehindTheLastAndOneByItself
 TEST_F(DiskCommandsTest, CopiesThatAreDoneAreFlushedAlsoWhenTheRunIsGivenUp) {
     const FileOperationsKept kept;
     int flushed = 0;
-    FileOperations.FlushFileSystem = [&flushed](const std::string&) {
-        ++flushed;
-        return std::error_code();
-    };
+    CountCommonFlushes(flushed);
     WriteTestFile(PcFolder, "TEXT.BAS", "old");
     SelectRows({0, 1, 2});
     script_.Texts = {""};
@@ -146,10 +143,7 @@ TEST_F(DiskCommandsTest, CopiesThatAreDoneAreFlushedAlsoWhenTheRunIsGivenUp) {
 TEST_F(DiskCommandsTest, CopiesThatAreDoneAreFlushedAlsoWhenAFailureEndsTheRun) {
     const FileOperationsKept kept;
     int flushed = 0;
-    FileOperations.FlushFileSystem = [&flushed](const std::string&) {
-        ++flushed;
-        return std::error_code();
-    };
+    CountCommonFlushes(flushed);
     WriteTestFile(PcFolder, "TEXT.BAS", "old");
     Platform.AskText = [](auto&&...) -> std::string { Fail(kOutOfMemory); };
     SelectRows({0, 1, 2});

@@ -242,10 +242,7 @@ TEST_F(PcCommandsTest, OfManyFilesTheBytesAreFlushedOneByOneTheirNamesTogether) 
 TEST_F(PcCommandsTest, FilesThatAreDoneAreFlushedAlsoWhenAFailureEndsTheRun) {
     const FileOperationsKept kept;
     int flushed = 0;
-    FileOperations.FlushFileSystem = [&flushed](const std::string&) {
-        ++flushed;
-        return std::error_code();
-    };
+    CountCommonFlushes(flushed);
     std::string wrong = CocoTokens();
     wrong[7] = '\xFE';
     SelectFiles({{"A.BAS", CocoTokens()}, {"B.BAS", wrong}});

@@ -98,4 +98,11 @@ FileOperationTable Watching(const std::function<void(FileStep step)>& reach) {
     return table;
 }
 
+void CountCommonFlushes(int& flushed) {
+    FileOperations.FlushFileSystem = [&flushed](const std::string&) {
+        ++flushed;
+        return std::error_code();
+    };
+}
+
 }  // namespace brindlemoor::test

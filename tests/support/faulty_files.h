@@ -17,6 +17,9 @@ FileOperationTable FailingAt(FileStep step);
 /// The system's operations, where `reach` runs before each step, and half way through a write.
 FileOperationTable Watching(const std::function<void(FileStep step)>& reach);
 
+/// Has `FileOperations` count in `flushed`, and not do, the flushes of many files together.
+void CountCommonFlushes(int& flushed);
+
 /// Puts the system's own operations back at the end of a test.
 class FileOperationsKept {
   public:

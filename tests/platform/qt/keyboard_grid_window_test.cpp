@@ -43,6 +43,15 @@ class GridKeysTest : public KeyboardTest {
 
     QHeaderView* Header() const { return Directory()->horizontalHeader(); }
 
+    /// A disk that can be sorted, its first cell being the current one.
+    void OpenSmallDisk() {
+        WriteTestFile(PcFolder, "SMALL.DSK", SmallDisk());
+        EndProgram();
+        StartProgram();
+        GoToFile("SMALL.DSK");
+        GoToCell(0, 0);
+    }
+
     /// The key is held down so long that the system sends it again.
     void Repeat(Qt::Key key) const {
         QKeyEvent again(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
@@ -119,11 +128,7 @@ TEST_F(GridKeysTest, AltAndDownBringUpTheTypesOfACell) {
 }
 
 TEST_F(GridKeysTest, F3SortsByTheColumnAsAClickOnItsHeaderDoes) {
-    WriteTestFile(PcFolder, "SMALL.DSK", SmallDisk());
-    EndProgram();
-    StartProgram();
-    GoToFile("SMALL.DSK");
-    GoToCell(0, 0);
+    OpenSmallDisk();
     Key(Qt::Key_F3);
     ASSERT_TRUE(QTest::qWaitFor([] { return !ListDirec.SortColumns.empty(); }));
     EXPECT_EQ(ListDirec.SortColumns[0].Column, 1);
@@ -177,11 +182,7 @@ TEST_F(GridKeysTest, WithShiftTheyMakeItNarrowerAndWider) {
 }
 
 TEST_F(GridKeysTest, AKeyHeldDownSortsOnceAndUndoesNothing) {
-    WriteTestFile(PcFolder, "SMALL.DSK", SmallDisk());
-    EndProgram();
-    StartProgram();
-    GoToFile("SMALL.DSK");
-    GoToCell(0, 0);
+    OpenSmallDisk();
     Key(Qt::Key_F3);
     for (int repeat = 0; repeat < 4; ++repeat) Repeat(Qt::Key_F3);
     ASSERT_EQ(ListDirec.SortColumns.size(), 1U);
